@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quorvale {
+
+/// UTF-8 of UTF-16 text. A lone surrogate becomes U+FFFD: for messages and names, not for
+/// documents.
+std::string ToUtf8(std::u16string_view text);
+
+/// UTF-16 of UTF-8 text. An invalid byte becomes U+FFFD: for messages, not for documents.
+std::u16string FromUtf8(std::string_view text);
+
+/// The text with every `what` (not empty) replaced, left to right, the replacement not searched
+/// again.
+std::u16string ReplaceAll(std::u16string_view text, std::u16string_view what,
+                          std::u16string_view by);
+
+}  // namespace quorvale
