@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "platform/variant.h"
+
+namespace quorvale {
+
+/// Receives every event by its id, with the arguments in the order of the event's description.
+/// A handler may write into an argument that the description marks as by reference; only
+/// `BeforeFileChange` reads one back. Called on the user-interface thread; a handler may call any
+/// member of the control, or destroy it.
+class EventSink {
+public:
+    virtual ~EventSink() = default;
+    virtual void OnEvent(std::int32_t id, std::span<Variant> arguments) = 0;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/encoding.h"
+
+namespace quorvale {
+
+/// What a host may switch on beyond what the members promise. Set before loading; every default
+/// keeps the promised behaviour.
+struct HostOptions {
+    /// Off: scroll bars hold 16-bit values, the vertical one steps `ScrollScale` lines at a time
+    /// and rows are cut at 40000 twips. On: every line and every column of any document can be
+    /// reached.
+    bool WideScrollBars = false;
+
+    /// Off: 129 row slots, at most 127 whole rows. On: as many as the surface is high.
+    bool TallView = false;
+
+    /// How the bytes of loaded files are read.
+    quorvale::Encoding Encoding = quorvale::Encoding::SingleByte;
+
+    /// The columns at which "Show Boundaries" draws its lines, 0 for the left edge of the text.
+    std::vector<std::int32_t> BoundaryColumns = {72, 80};
+};
+
+}  // namespace quorvale

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/container.h"
+#include "platform/files.h"
+#include "platform/memory.h"
+#include "platform/message_box.h"
+#include "platform/text_metrics.h"
+
+namespace quorvale {
+
+/// The outside world of one control. All of it must be there; a host that needs no part of its own
+/// takes the headless library's or the widget's.
+struct HostServices {
+    std::shared_ptr<TextMetrics> Metrics;
+    std::shared_ptr<FileSystem> Files;
+    std::shared_ptr<BlockMemory> Memory;
+    std::shared_ptr<Container> Site;
+    std::shared_ptr<MessageBoxes> Messages;
+
+    /// The user's interface language: 1041 Japanese, 1042 Korean, any other shows English.
+    int LanguageId = 1033;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <string>
+
+#include "platform/keys.h"
+#include "platform/simple_elements.h"
+
+namespace quorvale {
+
+/// A box in which the user types. `OnChange` runs whenever the text becomes a different one, by
+/// typing or by code.
+class TextBox : public PaintedElement {
+public:
+    using PaintedElement::PaintedElement;
+
+    std::function<void()> OnChange;
+    /// A key goes down in the box; setting the code to 0 swallows it.
+    std::function<void(std::int16_t& keyCode, std::int16_t shift)> OnKeyDown;
+
+    const std::u16string& Text() const { return text_; }
+    void SetText(std::u16string text) {
+        if (Assign(text_, std::move(text), "Text") && OnChange) OnChange();
+    }
+
+    /// Where the insertion point stands and how much is selected from there, in UTF-16 units.
+    std::size_t SelStart() const { return selStart_; }
+    std::size_t SelLength() const { return selLength_; }
+    void Select(std::size_t start, std::size_t length) {
+        selStart_ = std::min(start, text_.size());
+        selLength_ = std::min(length, text_.size() - selStart_);
+        Touch("Selection");
+    }
+
+    /// The user's key. Returns the code as the handlers left it: 0 means "do not type it".
+    std::int16_t UserKey(std::int16_t keyCode, std::int16_t shift) {
+        if (OnKeyDown) OnKeyDown(keyCode, shift);
+        return keyCode;
+    }
+
+private:
+    std::u16string text_;
+    std::size_t selStart_ = 0;
+    std::size_t selLength_ = 0;
+};
+
+}  // namespace quorvale
