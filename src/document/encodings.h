@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/encoding.h"
+
+namespace quorvale {
+
+/// The bytes of a text, or the place of the first character that the encoding has no byte for.
+struct EncodedText {
+    std::string Bytes;
+    /// 1-based; 0 when every character could be written. Otherwise `Bytes` ends before it.
+    std::size_t BadPosition = 0;
+
+    explicit operator bool() const { return BadPosition == 0; }
+};
+
+/// Writes a text as bytes. A text that was read in the same encoding comes back as the very bytes
+/// it was read from. `Automatic` writes UTF-8.
+EncodedText EncodeText(std::u16string_view units, Encoding encoding);
+
+/// The character of a byte in the Western code page.
+char16_t FromWindows1252(std::uint8_t byte);
+
+}  // namespace quorvale

@@ -1,0 +1,122 @@
+#include "document/line_access.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/errors.h"
+#include "base/integers.h"
+#include "document/display_text.h"
+#include "state/slot_lines.h"
+
+namespace quorvale {
+
+namespace {
+
+/// From this many units on a line's display form is kept while it is in use.
+constexpr std::size_t longLine = 1 << 14;
+
+}  // namespace
+
+std::u16string LineAccess::RawLineText(Line line) const {
+    if (!document_.IsLine(line)) return {};
+    const LineStarts& starts = document_.Table.Starts;
+    const std::int32_t start = starts[line.Number()];
+    // The next line starts behind the line feed that ends this one.
+    std::u16string text = document_.Text.Mid(start, starts[line.Number() + 1] - 1 - start);
+    if (!text.empty() && text.back() == u'\r') text.pop_back();
+    return text;
+}
+
+SharedText LineAccess::TextOf(Line line) {
+    if (!document_.IsLine(line)) return {};
+    if (const auto slot = FindRowSlot(surface_, view_, line)) {
+        return surface_.lblLine[*slot].SharedCaption();
+    }
+    return ExpandedText(line);
+}
+
+SharedText LineAccess::ExpandedText(Line line) {
+    ForgetStale();
+    if (line == expandedLine_) return expanded_;
+    SharedText text(ExpandTabs(RawLineText(line)));
+    Measure(text.View());
+    if (text.View().size() >= longLine) {
+        expandedLine_ = line;
+        expanded_ = text;
+    }
+    return text;
+}
+
+Twips LineAccess::WidthBefore(const SharedText& text, std::int32_t col) const {
+    if (col <= 1) return 0;
+    const Font& font = surface_.UserControl.Font();
+    const std::u16string_view before = text.View().substr(0, static_cast<std::size_t>(col) - 1);
+    if (before.size() < longLine) return metrics_.Width(before, font);
+    const bool same = measured_.Text.View().data() == text.View().data() && measured_.Col == col &&
+                      measured_.Font == font;
+    if (!same) measured_ = {text, col, font, metrics_.Width(before, font)};
+    return measured_.Width;
+}
+
+SharedText LineAccess::DisplayText(Line line) {
+    if (!document_.IsLine(line)) return {};
+    ForgetStale();
+    const auto kept = longLines_.find(line);
+    if (kept != longLines_.end()) {
+        kept->second.Used = true;
+        NoteWidth(kept->second.Width);
+        return kept->second.Display;
+    }
+    SharedText display(DisplayForm(RawLineText(line)));
+    if (display.View().size() >= longLine) return KeepLong(line, std::move(display));
+    Measure(display.View());
+    return display;
+}
+
+SharedText LineAccess::KeepLong(Line line, SharedText display) {
+    Twips width = 0;
+    try {
+        width = metrics_.Width(display.View(), surface_.UserControl.Font());
+    } catch (const ControlError&) {
+        return display;
+    }
+    NoteWidth(width);
+    longLines_[line] = {display, width, true};
+    return display;
+}
+
+void LineAccess::ForgetStale() {
+    const Font& font = surface_.UserControl.Font();
+    if (longLinesOf_ == document_.Generation && longLinesFont_ == font) return;
+    longLines_.clear();
+    expandedLine_ = Line{0};
+    expanded_ = {};
+    measured_ = {};
+    longLinesOf_ = document_.Generation;
+    longLinesFont_ = font;
+}
+
+void LineAccess::BeginFill() {
+    for (auto& [line, kept] : longLines_) kept.Used = false;
+}
+
+void LineAccess::EndFill() {
+    std::erase_if(longLines_, [](const auto& entry) { return !entry.second.Used; });
+}
+
+// A line that cannot be measured is shown all the same.
+void LineAccess::Measure(std::u16string_view display) {
+    try {
+        NoteWidth(metrics_.Width(display, surface_.UserControl.Font()));
+    } catch (const ControlError&) {
+    }
+}
+
+void LineAccess::NoteWidth(Twips textWidth) {
+    const Twips row = surface_.picBorder.Width() + textWidth + view_.TextLeftMargin;
+    // Without wide scroll bars a width of more than 32 bits could never be scrolled to.
+    if (!options_.WideScrollBars && row > 2147483647.0) return;
+    document_.WidestLineWidth = std::max(document_.WidestLineWidth, ToInt64(row));
+}
+
+}  // namespace quorvale
