@@ -1,0 +1,132 @@
+#include "navigation/caret.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/integers.h"
+#include "base/numbers_in_text.h"
+#include "document/visible_lines.h"
+#include "state/slot_lines.h"
+
+namespace quorvale {
+
+namespace {
+
+/// Where the marker is parked while its row is out of view.
+constexpr Twips outOfSight = -1000;
+
+std::int32_t LengthOf(const SharedText& text) {
+    return CheckedCast<std::int32_t>(text.View().size());
+}
+
+}  // namespace
+
+void Caret::SetRow(Line row) {
+    const SharedText text = lines_.TextOf(row);
+    const std::int32_t col = ColumnAtX(text.View(), navigation_.DesiredX);
+    peers_.RevealLine(row, col);
+    Twips unused = 0;
+    PlaceCaretMarker(row, col, unused);
+}
+
+void Caret::SetCol(std::int32_t col) { MoveTo(navigation_.CaretRow, col); }
+
+void Caret::MoveTo(Line row, std::int32_t col) {
+    peers_.RevealLine(row, col);
+    PlaceCaretMarker(row, col, navigation_.DesiredX);
+}
+
+void Caret::SetSelectedRowsCount(std::int32_t count) {
+    // A range that cannot be computed would make every later repaint fail.
+    static_cast<void>(navigation_.CaretRow + count);
+    navigation_.SelectedRowsCount = count;
+    peers_.PaintRowColours();
+    peers_.RaiseSelChanged();
+}
+
+void Caret::PlaceCaret() {
+    Twips unused = 0;
+    PlaceCaretMarker(navigation_.CaretRow, navigation_.CaretCol, unused);
+}
+
+void Caret::PlaceCaretMarker(Line row, std::int32_t col, Twips& x) {
+    if (document_.LineSlots == 0) return;
+    row = std::max(std::min(row, document_.LastLine()), Line{1});
+    const SharedText text = lines_.TextOf(row);
+    col = std::clamp(col, 0, CheckedAdd(LengthOf(text), 1));
+    x = PlaceOfColumn(text, col);
+    const bool changed = row != navigation_.CaretRow || col != navigation_.CaretCol;
+    navigation_.CaretCol = col;
+    navigation_.CaretRow = row;
+    surface_.txtLn.SetText(DecimalText(row.Number()));
+    surface_.txtLn.Select(surface_.txtLn.Text().size(), 0);
+    if (!view_.Suspended()) MoveMarker(FindRowSlot(surface_, view_, row), x);
+    if (changed) CaretMoved();
+}
+
+void Caret::CaretMoved() {
+    ++navigation_.CaretMoves;
+    UpdateSelection();
+    peers_.RaiseSelChanged();
+    peers_.PaintRowColours();
+}
+
+void Caret::PlaceCaretAtStart() {
+    navigation_.CaretRow = Line{1};
+    navigation_.CaretCol = 1;
+    PlaceCaret();
+}
+
+void Caret::PlaceMarker() {
+    if (document_.LineSlots == 0 || view_.Suspended()) return;
+    const auto slot = FindRowSlot(surface_, view_, navigation_.CaretRow);
+    if (!slot) return MoveMarker(std::nullopt, 0);
+    const SharedText& text = surface_.lblLine[*slot].SharedCaption();
+    MoveMarker(slot, PlaceOfColumn(text, navigation_.CaretCol));
+}
+
+void Caret::SettleCaret() {
+    Twips unused = 0;
+    PlaceCaretMarker(VisibleAtOrAbove(document_, navigation_.CaretRow), navigation_.CaretCol,
+                     unused);
+}
+
+void Caret::MoveMarker(std::optional<int> slot, Twips x) {
+    Image& marker = surface_.imgMarker;
+    if (!slot) {
+        marker.SetLeft(outOfSight);
+        return;
+    }
+    marker.SetLeft(x - marker.Width() / 2 + surface_.lblLine[0].Left());
+    marker.SetTop(surface_.lblLine[*slot].Top());
+}
+
+void Caret::UpdateSelection() {
+    peers_.CloseEdit();
+    if (!navigation_.ExtendSelection) {
+        navigation_.SelectedRowsCount = 0;
+        navigation_.SelectionAnchor = navigation_.CaretRow;
+        return;
+    }
+    const Line caret = navigation_.CaretRow;
+    if (caret < document_.Sentinel() && document_.IsHidden(caret + 1)) peers_.ExpandAt(caret);
+    const std::int32_t distance = navigation_.SelectionAnchor - navigation_.CaretRow;
+    navigation_.SelectedRowsCount = distance < 0 ? distance - 1 : distance + 1;
+    navigation_.ExtendSelection = false;
+}
+
+Precision Caret::PlacePrecision() const {
+    return options_.WideScrollBars ? Precision::Exact : Precision::Single;
+}
+
+Twips Caret::PlaceOfColumn(const SharedText& text, std::int32_t col) const {
+    return Rounded(lines_.WidthBefore(text, col), PlacePrecision());
+}
+
+std::int32_t Caret::ColumnAtX(std::u16string_view text, Twips x) const {
+    const std::size_t wider =
+        metrics_.FirstWider(text, surface_.UserControl.Font(), x, PlacePrecision());
+    return CheckedCast<std::int32_t>(wider == 0 ? text.size() : wider);
+}
+
+}  // namespace quorvale

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/surface.h"
+#include "resources/string_table.h"
+#include "state/document_state.h"
+
+namespace quorvale {
+
+/// The line number beside the thumb while it is dragged.
+class ScrollTip {
+public:
+    ScrollTip(Surface& surface, const DocumentState& document, Language language)
+        : surface_(surface), document_(document), language_(language) {}
+
+    /// The thumb moved: shows the line that it aims at, at the height where the drag began.
+    void ThumbMoved();
+
+private:
+    void ShowAtThumb();
+
+    Surface& surface_;
+    const DocumentState& document_;
+    const Language language_;
+};
+
+}  // namespace quorvale
