@@ -1,0 +1,40 @@
+#include "control/control_parts.h"
+
+#include <utility>
+
+#include "control/creation.h"
+#include "control/wiring.h"
+
+namespace quorvale {
+
+ControlParts::ControlParts(HostServices services, HostOptions options)
+    : Services(std::move(services)),
+      Options(std::move(options)),
+      Texts(LanguageFromId(Services.LanguageId)),
+      Elements(*Services.Metrics),
+      Peers(*this),
+      Lines(Document, View, Elements, *Services.Metrics, Options),
+      Attributes(Document, View, Elements, Looks),
+      Loading(Document, Elements, *Services.Files, *Services.Memory, Options, Peers),
+      Slots(View, Elements, Collapse),
+      Layout(View, Elements, Document, Navigation, Slots, *Services.Metrics, Options, Peers),
+      Fill(View, Collapse, Elements, Document, Navigation, Looks, Lines, Peers),
+      Colours(View, Elements, Document, Navigation, Attributes),
+      EditorPlace(View, Elements, Editing, Peers),
+      FreshView(View, Elements, Document, Lines, Peers),
+      Redraw(View, Elements, Peers),
+      Scrolling(Navigation, Elements, Document, View, Peers),
+      ScrollTip(Elements, Document, Texts),
+      RowShift(View, Elements, *Services.Metrics, Options, Peers),
+      Reveal(Elements, Document, View, Navigation, Lines, Peers),
+      Caret(Navigation, Elements, Document, View, Lines, *Services.Metrics, Options, Peers),
+      Ranges(Collapse, Elements, Document),
+      Folding(Document, Navigation, Collapse, View, Peers),
+      Appearance(*this),
+      Shell(*this) {
+    CreateElements(Elements, Texts, Options);
+    Slots.TakeRowHeight(*Services.Metrics);
+    WireHandlers(*this);
+}
+
+}  // namespace quorvale

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <memory>
+
+#include "collapse/folding.h"
+#include "collapse/ranges.h"
+#include "control/appearance.h"
+#include "control/event_hub.h"
+#include "control/shell.h"
+#include "control/switchboard.h"
+#include "document/line_access.h"
+#include "document/line_attributes.h"
+#include "document/loading.h"
+#include "navigation/caret.h"
+#include "navigation/reveal.h"
+#include "navigation/row_shift.h"
+#include "navigation/scroll_tip.h"
+#include "navigation/scrolling.h"
+#include "platform/host_services.h"
+#include "resources/string_table.h"
+#include "state/editing_state.h"
+#include "state/search_state.h"
+#include "view/editor_place.h"
+#include "view/fresh_view.h"
+#include "view/layout.h"
+#include "view/redraw.h"
+#include "view/row_colours.h"
+#include "view/row_fill.h"
+#include "view/row_slots.h"
+
+namespace quorvale {
+
+/// Everything that one control is made of: its surroundings, its data, its elements and the
+/// behaviours that work on them. Whoever works on it holds it alive: a host may destroy the control
+/// from within any event.
+class ControlParts : public std::enable_shared_from_this<ControlParts> {
+public:
+    ControlParts(HostServices services, HostOptions options);
+
+    const HostServices Services;
+    HostOptions Options;
+    const Language Texts;
+
+    DocumentState Document;
+    ViewState View;
+    NavigationState Navigation;
+    CollapseState Collapse;
+    EditingState Editing;
+    SearchState Search;
+    AppearanceState Looks;
+    Surface Elements;
+
+    EventHub Events;
+    Switchboard Peers;
+
+    LineAccess Lines;
+    LineAttributes Attributes;
+    DocumentLoading Loading;
+
+    RowSlots Slots;
+    quorvale::Layout Layout;
+    RowFill Fill;
+    RowColours Colours;
+    quorvale::EditorPlace EditorPlace;
+    quorvale::FreshView FreshView;
+    quorvale::Redraw Redraw;
+
+    quorvale::Scrolling Scrolling;
+    quorvale::ScrollTip ScrollTip;
+    quorvale::RowShift RowShift;
+    quorvale::Reveal Reveal;
+    quorvale::Caret Caret;
+
+    RangeRegister Ranges;
+    quorvale::Folding Folding;
+
+    quorvale::Appearance Appearance;
+    quorvale::Shell Shell;
+
+    /// How many members and handlers of this control are running inside one another.
+    int Depth = 0;
+};
+
+}  // namespace quorvale

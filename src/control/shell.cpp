@@ -1,0 +1,60 @@
+#include "control/shell.h"
+
+#include <utility>
+
+#include "control/control_parts.h"
+
+namespace quorvale {
+
+void Shell::ToolbarClicked(const std::u16string& key) {
+    if (key == u"Grid") {
+        GridClicked();
+    } else if (!key.empty() && key.front() == u'.') {
+        RaiseButtonClick(key.substr(1));
+    }
+}
+
+void Shell::ToggleToolbar() {
+    Surface& surface = parts_.Elements;
+    const bool shown = !surface.tbMore.Visible();
+    surface.tbMore.SetVisible(shown);
+    // From the row's own place, not by steps: a hundred clicks must not move a row by a twip.
+    for (int slot = 0; slot <= surface.lblLine.UpperBound(); ++slot) {
+        surface.lblLine[slot].SetTop(parts_.Slots.LabelTop(slot));
+    }
+    parts_.Layout.LayoutView();
+    surface.txtSearch.Select(0, surface.txtSearch.Text().size());
+    surface.cmdMore.SetPicture(surface.ilMore.Find(std::u16string(shown ? u"right" : u"left")));
+    // Where the focus cannot go it stays.
+    surface.Focus.Request(shown ? FocusChild::SearchBox : FocusChild::TextArea);
+}
+
+bool Shell::AddButton(const std::u16string& name, PicturePtr picture,
+                      const std::u16string& toolTip) {
+    ToolbarButton button;
+    button.Key = u"." + name;
+    button.PictureKey = button.Key;
+    button.Tag = name;
+    button.ToolTip = toolTip;
+    button.Shown = picture;
+    if (!parts_.Elements.ilMore.Add(button.Key, std::move(picture))) return false;
+    return parts_.Elements.tbMore.Add(std::move(button));
+}
+
+void Shell::SetShowGrid(bool show) {
+    parts_.Elements.tbMore.SetPressed(u"Grid", show);
+    GridClicked();
+}
+
+void Shell::GridClicked() {
+    Surface& surface = parts_.Elements;
+    const bool shown = surface.tbMore.Button(u"Grid").Pressed;
+    for (LineShape& boundary : surface.lnGrid) boundary.SetVisible(shown);
+    RaiseButtonClick(u"Grid");
+}
+
+void Shell::RaiseButtonClick(const std::u16string& name) {
+    parts_.Events.Raise([&](QuorvaleBoxEvents& events) { events.ButtonClick(name); });
+}
+
+}  // namespace quorvale

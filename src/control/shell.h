@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include "platform/picture.h"
+
+namespace quorvale {
+
+class ControlParts;
+
+/// The toolbar's own commands: the host's buttons, the boundary lines, showing and hiding it.
+class Shell {
+public:
+    explicit Shell(ControlParts& parts) : parts_(parts) {}
+
+    /// Routes a click by the button's key; buttons that only open a box or print do nothing.
+    void ToolbarClicked(const std::u16string& key);
+
+    /// Shows or hides the toolbar; the rows move with its edge.
+    void ToggleToolbar();
+
+    /// Adds a host's button, its key "." and the name. False when there is no picture or the name
+    /// is taken; a picture that was added by then stays.
+    bool AddButton(const std::u16string& name, PicturePtr picture, const std::u16string& toolTip);
+
+    /// Presses or releases "Grid" and does what a click on it does.
+    void SetShowGrid(bool show);
+
+private:
+    void GridClicked();
+    void RaiseButtonClick(const std::u16string& name);
+
+    ControlParts& parts_;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,68 @@
+#include "control/switchboard.h"
+
+#include "control/control_parts.h"
+
+namespace quorvale {
+
+void Switchboard::LayoutView() { parts_.Layout.LayoutView(); }
+
+void Switchboard::FillRows() { parts_.Fill.FillRows(); }
+
+void Switchboard::FillNewRows() { parts_.Fill.FillRows(); }
+
+void Switchboard::PaintRowColours() { parts_.Colours.PaintRowColours(); }
+
+void Switchboard::PlaceEditor() { parts_.EditorPlace.PlaceEditor(); }
+
+void Switchboard::ShowFromStart() { parts_.FreshView.ShowFromStart(); }
+
+void Switchboard::SetTopLine(Line line) { parts_.Scrolling.SetTopLine(line); }
+
+void Switchboard::SettleScrolling() {
+    parts_.Scrolling.SettleTopLine();
+    parts_.RowShift.HorizontalChanged();
+}
+
+void Switchboard::RevealLine(Line line, std::int32_t col) { parts_.Reveal.RevealLine(line, col); }
+
+void Switchboard::SetRow(Line row) { parts_.Caret.SetRow(row); }
+
+void Switchboard::PlaceCaret() { parts_.Caret.PlaceCaret(); }
+
+void Switchboard::PlaceCaretAtStart() { parts_.Caret.PlaceCaretAtStart(); }
+
+void Switchboard::PlaceMarker() { parts_.Caret.PlaceMarker(); }
+
+void Switchboard::SettleCaret() { parts_.Caret.SettleCaret(); }
+
+void Switchboard::CaretMoved() { parts_.Caret.CaretMoved(); }
+
+void Switchboard::ForgetPlaces() {
+    parts_.Navigation.StartDocument();
+    parts_.Collapse = {};
+}
+
+void Switchboard::ExpandAt(Line line) { parts_.Folding.ExpandAt(line, false); }
+
+void Switchboard::OpenAround(Line line) { parts_.Folding.OpenAround(line); }
+
+// The control does not offer corrections yet: no editor opens, and there is no journal to open,
+// save or mark rows by.
+void Switchboard::CloseEdit() {}
+void Switchboard::CloseJournal() {}
+void Switchboard::OpenJournal(const std::u16string&) {}
+void Switchboard::RefreshCorrectionMarks() {}
+
+bool Switchboard::UserMode() const { return parts_.Services.Site->UserMode(); }
+
+void Switchboard::ReportTextChanged() { parts_.Services.Site->PropertyChanged(u"Text"); }
+
+void Switchboard::RaiseScrolled() {
+    parts_.Events.Raise([](QuorvaleBoxEvents& events) { events.Scrolled(); });
+}
+
+void Switchboard::RaiseSelChanged() {
+    parts_.Events.Raise([](QuorvaleBoxEvents& events) { events.SelChanged(); });
+}
+
+}  // namespace quorvale

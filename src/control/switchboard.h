@@ -1,0 +1,75 @@
+#pragma once
+
+#include "collapse/folding.h"
+#include "document/loading.h"
+#include "navigation/caret.h"
+#include "navigation/reveal.h"
+#include "navigation/row_shift.h"
+#include "navigation/scrolling.h"
+#include "view/editor_place.h"
+#include "view/fresh_view.h"
+#include "view/layout.h"
+#include "view/redraw.h"
+#include "view/row_fill.h"
+
+namespace quorvale {
+
+class ControlParts;
+
+/// Connects the behaviours: what one asks of its peers goes to the one that does it. The only place
+/// that knows everyone, and it does nothing itself.
+class Switchboard final : public LoadingPeers,
+                          public FreshViewPeers,
+                          public LayoutPeers,
+                          public FillPeers,
+                          public EditorPlacePeers,
+                          public RedrawPeers,
+                          public ScrollPeers,
+                          public RowShiftPeers,
+                          public RevealPeers,
+                          public CaretPeers,
+                          public FoldingPeers {
+public:
+    explicit Switchboard(ControlParts& parts) : parts_(parts) {}
+
+    // The view.
+    void LayoutView() override;
+    void FillRows() override;
+    void FillNewRows() override;
+    void PaintRowColours() override;
+    void PlaceEditor() override;
+    void ShowFromStart() override;
+
+    // Moving over the document.
+    void SetTopLine(Line line) override;
+    void SettleScrolling() override;
+    void RevealLine(Line line, std::int32_t col) override;
+    void SetRow(Line row) override;
+    void PlaceCaret() override;
+    void PlaceCaretAtStart() override;
+    void PlaceMarker() override;
+    void SettleCaret() override;
+    void CaretMoved() override;
+    void ForgetPlaces() override;
+
+    // Folds.
+    void ExpandAt(Line line) override;
+    void OpenAround(Line line) override;
+
+    // Corrections.
+    void CloseEdit() override;
+    void CloseJournal() override;
+    void OpenJournal(const std::u16string& fileName) override;
+    void RefreshCorrectionMarks() override;
+
+    // The host.
+    bool UserMode() const override;
+    void ReportTextChanged() override;
+    void RaiseScrolled() override;
+    void RaiseSelChanged() override;
+
+private:
+    ControlParts& parts_;
+};
+
+}  // namespace quorvale

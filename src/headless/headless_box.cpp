@@ -1,0 +1,62 @@
+#include "headless/headless_box.h"
+
+#include <utility>
+
+#include "base/numbers_in_text.h"
+#include "base/text.h"
+
+namespace quorvale {
+
+HeadlessBox::HeadlessBox(HeadlessSetup setup) {
+    site_->IsUserMode = setup.UserMode;
+    HostServices services;
+    services.Metrics = metrics_;
+    services.Files = setup.Files ? setup.Files : files_;
+    services.Memory = setup.Memory ? setup.Memory : std::make_shared<PlainMemory>();
+    services.Site = site_;
+    services.Messages = messages_;
+    services.LanguageId = setup.LanguageId;
+    box_ = std::make_unique<QuorvaleBox>(std::move(services), std::move(setup.Options));
+    box_->SetEvents(&log_);
+    box_->InitProperties();
+    Resize(setup.Width, setup.Height);
+    box_->Show();
+}
+
+HeadlessBox::~HeadlessBox() = default;
+
+void HeadlessBox::Load(const std::string& bytes, const std::u16string& name) {
+    files_->Put(name, bytes);
+    box_->LoadFile(name);
+}
+
+std::vector<std::int32_t> HeadlessBox::RowLines() {
+    std::vector<std::int32_t> lines;
+    for (const Label& label : Elements().lblLine) {
+        const std::int32_t line = ToLong(std::u16string_view(label.Tag()));
+        const bool shown = label.Top() < Elements().UserControl.Height();
+        if (shown && line >= 1 && line <= box_->LineCount()) lines.push_back(line);
+    }
+    return lines;
+}
+
+std::vector<std::string> HeadlessBox::Rows() {
+    std::vector<std::string> rows;
+    const std::size_t shown = RowLines().size();
+    for (const Label& label : Elements().lblLine) {
+        if (rows.size() == shown) break;
+        rows.push_back(ToUtf8(label.Caption()));
+    }
+    return rows;
+}
+
+void HeadlessBox::Resize(Twips width, Twips height) { Elements().Resize(width, height); }
+
+void HeadlessBox::DragThumb(std::initializer_list<std::int32_t> values) {
+    for (const std::int32_t value : values) Elements().scrVert.UserDrag(value);
+    Elements().scrVert.UserRelease();
+}
+
+void HeadlessBox::TurnWheel(int rows) { Elements().scrVert.UserStepBy(rows); }
+
+}  // namespace quorvale

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "control/quorvale_box.h"
+#include "headless/event_log.h"
+#include "headless/fixed_metrics.h"
+#include "headless/headless_host.h"
+
+namespace quorvale {
+
+/// What a headless control starts with.
+struct HeadlessSetup {
+    HostOptions Options;
+    Twips Width = 12000;
+    Twips Height = 7560;
+    int LanguageId = 1033;
+    bool UserMode = true;
+    /// Files and memory other than the ones of this library; null for those.
+    std::shared_ptr<FileSystem> Files;
+    std::shared_ptr<BlockMemory> Memory;
+};
+
+/// A whole control without a window, for tests: fixed text measures, files in memory, a clock that
+/// is ticked by hand, and the actions of a user. With the standard setup a row is 240 twips high, a
+/// character 120 wide, and 30 rows fit. The control is created, sized and shown.
+class HeadlessBox {
+public:
+    explicit HeadlessBox(HeadlessSetup setup = {});
+    ~HeadlessBox();
+
+    QuorvaleBox& Box() { return *box_; }
+    QuorvaleBox* operator->() { return box_.get(); }
+    Surface& Elements() { return box_->Elements(); }
+
+    FixedMetrics& Metrics() { return *metrics_; }
+    /// The files in memory; unused when the setup brought its own.
+    MemoryFiles& Files() { return *files_; }
+    HeadlessContainer& Site() { return *site_; }
+    HeadlessMessages& Messages() { return *messages_; }
+    EventLog& Log() { return log_; }
+
+    /// Puts the bytes into a file in memory and loads it.
+    void Load(const std::string& bytes, const std::u16string& name = u"/doc.txt");
+
+    /// Destroys the control, also from within one of its events.
+    void Destroy() { box_.reset(); }
+    bool Destroyed() const { return box_ == nullptr; }
+
+    // What is seen.
+
+    /// The rows that show a line, from the top, as UTF-8.
+    std::vector<std::string> Rows();
+    /// The lines they show.
+    std::vector<std::int32_t> RowLines();
+
+    // What a user does.
+
+    void Resize(Twips width, Twips height);
+    /// Drags the vertical thumb over these values and lets it go at the last.
+    void DragThumb(std::initializer_list<std::int32_t> values);
+    /// Turns the wheel by whole rows; down is positive.
+    void TurnWheel(int rows);
+    /// The timer's interval passes.
+    void TickTimer() { Elements().tmrImage.Tick(); }
+
+private:
+    std::shared_ptr<FixedMetrics> metrics_ = std::make_shared<FixedMetrics>();
+    std::shared_ptr<MemoryFiles> files_ = std::make_shared<MemoryFiles>();
+    std::shared_ptr<HeadlessContainer> site_ = std::make_shared<HeadlessContainer>();
+    std::shared_ptr<HeadlessMessages> messages_ = std::make_shared<HeadlessMessages>();
+    EventLog log_;
+    std::unique_ptr<QuorvaleBox> box_;
+};
+
+}  // namespace quorvale
