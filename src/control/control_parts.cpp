@@ -28,8 +28,12 @@ ControlParts::ControlParts(HostServices services, HostOptions options)
       RowShift(View, Elements, *Services.Metrics, Options, Peers),
       Reveal(Elements, Document, View, Navigation, Lines, Peers),
       Caret(Navigation, Elements, Document, View, Lines, *Services.Metrics, Options, Peers),
+      RowMouse(Navigation, Elements, Document, View, Caret, Peers),
+      Keyboard(Navigation, Elements, Document, View, Lines, Caret, Peers),
+      MarkerBlink(Elements, Document, Peers),
       Ranges(Collapse, Elements, Document),
       Folding(Document, Navigation, Collapse, View, Peers),
+      Glyphs(Elements, Collapse, Folding),
       Appearance(*this),
       Shell(*this) {
     CreateElements(Elements, Texts, Options);

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "collapse/folding.h"
+#include "collapse/glyphs.h"
 #include "collapse/ranges.h"
 #include "control/appearance.h"
 #include "control/event_hub.h"
@@ -12,7 +13,10 @@
 #include "document/line_attributes.h"
 #include "document/loading.h"
 #include "navigation/caret.h"
+#include "navigation/keyboard.h"
+#include "navigation/marker_blink.h"
 #include "navigation/reveal.h"
+#include "navigation/row_mouse.h"
 #include "navigation/row_shift.h"
 #include "navigation/scroll_tip.h"
 #include "navigation/scrolling.h"
@@ -70,9 +74,13 @@ public:
     quorvale::RowShift RowShift;
     quorvale::Reveal Reveal;
     quorvale::Caret Caret;
+    quorvale::RowMouse RowMouse;
+    quorvale::Keyboard Keyboard;
+    quorvale::MarkerBlink MarkerBlink;
 
     RangeRegister Ranges;
     quorvale::Folding Folding;
+    quorvale::Glyphs Glyphs;
 
     quorvale::Appearance Appearance;
     quorvale::Shell Shell;

@@ -9,6 +9,8 @@ namespace quorvale {
 void Shell::ToolbarClicked(const std::u16string& key) {
     if (key == u"Grid") {
         GridClicked();
+    } else if (key == u"Collapsed") {
+        parts_.Elements.mnuCollapse.PopUp(0, parts_.Elements.tbMore.Height());
     } else if (!key.empty() && key.front() == u'.') {
         RaiseButtonClick(key.substr(1));
     }

@@ -65,4 +65,34 @@ void Switchboard::RaiseSelChanged() {
     parts_.Events.Raise([](QuorvaleBoxEvents& events) { events.SelChanged(); });
 }
 
+void Switchboard::RaiseMouseDown(const MouseEvent& event) {
+    parts_.Events.Raise([&](QuorvaleBoxEvents& events) {
+        events.MouseDown(event.Button, event.Shift, static_cast<float>(event.X),
+                         static_cast<float>(event.Y));
+    });
+}
+
+void Switchboard::RaiseMouseUp(const MouseEvent& event) {
+    parts_.Events.Raise([&](QuorvaleBoxEvents& events) {
+        events.MouseUp(event.Button, event.Shift, static_cast<float>(event.X),
+                       static_cast<float>(event.Y));
+    });
+}
+
+void Switchboard::RaiseDblClick() {
+    parts_.Events.Raise([](QuorvaleBoxEvents& events) { events.DblClick(); });
+}
+
+void Switchboard::RaiseImageClick(Line line) {
+    parts_.Events.Raise([&](QuorvaleBoxEvents& events) { events.ImageClick(line.Number()); });
+}
+
+void Switchboard::RaiseKeyDown(std::int16_t keyCode, std::int16_t shift) {
+    parts_.Events.Raise([&](QuorvaleBoxEvents& events) { events.KeyDown(keyCode, shift); });
+}
+
+void Switchboard::RaiseKeyUp(std::int16_t keyCode, std::int16_t shift) {
+    parts_.Events.Raise([&](QuorvaleBoxEvents& events) { events.KeyUp(keyCode, shift); });
+}
+
 }  // namespace quorvale

@@ -3,7 +3,10 @@
 #include "collapse/folding.h"
 #include "document/loading.h"
 #include "navigation/caret.h"
+#include "navigation/keyboard.h"
+#include "navigation/marker_blink.h"
 #include "navigation/reveal.h"
+#include "navigation/row_mouse.h"
 #include "navigation/row_shift.h"
 #include "navigation/scrolling.h"
 #include "view/editor_place.h"
@@ -28,6 +31,9 @@ class Switchboard final : public LoadingPeers,
                           public RowShiftPeers,
                           public RevealPeers,
                           public CaretPeers,
+                          public RowMousePeers,
+                          public KeyboardPeers,
+                          public MarkerBlinkPeers,
                           public FoldingPeers {
 public:
     explicit Switchboard(ControlParts& parts) : parts_(parts) {}
@@ -67,6 +73,12 @@ public:
     void ReportTextChanged() override;
     void RaiseScrolled() override;
     void RaiseSelChanged() override;
+    void RaiseMouseDown(const MouseEvent& event) override;
+    void RaiseMouseUp(const MouseEvent& event) override;
+    void RaiseDblClick() override;
+    void RaiseImageClick(Line line) override;
+    void RaiseKeyDown(std::int16_t keyCode, std::int16_t shift) override;
+    void RaiseKeyUp(std::int16_t keyCode, std::int16_t shift) override;
 
 private:
     ControlParts& parts_;

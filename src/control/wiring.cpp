@@ -17,19 +17,70 @@ auto Handler(ControlParts& parts, Action action) {
     };
 }
 
+void WireBarsAndTools(ControlParts& parts) {
+    using P = ControlParts;
+    Surface& surface = parts.Elements;
+    const auto keepFocus = [](P& p) { p.Elements.Focus.Request(FocusChild::TextArea); };
+    surface.OnResize = Handler(parts, [](P& p) { p.Redraw.Resized(); });
+    surface.scrVert.OnChange = Handler(parts, [](P& p) { p.Scrolling.VerticalChanged(); });
+    surface.scrVert.OnScroll = Handler(parts, [](P& p) { p.ScrollTip.ThumbMoved(); });
+    surface.scrVert.OnGotFocus = Handler(parts, keepFocus);
+    surface.scrHorz.OnChange = Handler(parts, [](P& p) { p.RowShift.HorizontalChanged(); });
+    surface.scrHorz.OnGotFocus = Handler(parts, keepFocus);
+    surface.tbMore.OnClick =
+        Handler(parts, [](P& p, const std::u16string& key) { p.Shell.ToolbarClicked(key); });
+    surface.cmdMore.OnClick = Handler(parts, [](P& p) { p.Shell.ToggleToolbar(); });
+    surface.mnuCollapse.OnPick =
+        Handler(parts, [](P& p, const std::u16string& key) { p.Glyphs.MenuPicked(key); });
+}
+
+void WireMouse(ControlParts& parts) {
+    using P = ControlParts;
+    using Mouse = const MouseEvent&;
+    Surface& surface = parts.Elements;
+    surface.OnRowMouseDown =
+        Handler(parts, [](P& p, int slot, Mouse event) { p.RowMouse.RowPressed(slot, event); });
+    surface.OnRowMouseMove =
+        Handler(parts, [](P& p, int slot, Mouse event) { p.RowMouse.RowMoved(slot, event); });
+    surface.OnRowMouseUp =
+        Handler(parts, [](P& p, int slot, Mouse event) { p.RowMouse.RowReleased(slot, event); });
+    surface.OnRowDblClick =
+        Handler(parts, [](P& p, int slot) { p.RowMouse.RowDoubleClicked(slot); });
+    surface.OnLineImageClick =
+        Handler(parts, [](P& p, int slot) { p.RowMouse.LineImageClicked(slot); });
+    surface.OnMarkerMouseDown =
+        Handler(parts, [](P& p, Mouse event) { p.RowMouse.MarkerPressed(event); });
+    surface.OnMarkerMouseMove =
+        Handler(parts, [](P& p, Mouse event) { p.RowMouse.MarkerMoved(event); });
+    surface.OnMarkerMouseUp =
+        Handler(parts, [](P& p, Mouse event) { p.RowMouse.MarkerReleased(event); });
+    surface.OnGlyphClick = Handler(parts, [](P& p, int slot) { p.Glyphs.Clicked(slot); });
+    surface.OnGlyphMouseDown =
+        Handler(parts, [](P& p, int slot, Mouse event) { p.Glyphs.Pressed(slot, event); });
+}
+
+void WireKeysAndFocus(ControlParts& parts) {
+    using P = ControlParts;
+    Surface& surface = parts.Elements;
+    surface.OnKeyDown = Handler(
+        parts, [](P& p, std::int16_t key, std::int16_t shift) { p.Keyboard.KeyDown(key, shift); });
+    surface.OnKeyUp = Handler(
+        parts, [](P& p, std::int16_t key, std::int16_t shift) { p.Keyboard.KeyUp(key, shift); });
+    surface.OnEnter = Handler(parts, [](P& p) { p.MarkerBlink.Entered(); });
+    surface.OnExit = Handler(parts, [](P& p) { p.MarkerBlink.Exited(); });
+    surface.Focus.OnGot =
+        Handler(parts, [](P& p, FocusChild child) { p.MarkerBlink.ChildGotFocus(child); });
+    surface.Focus.OnLost =
+        Handler(parts, [](P& p, FocusChild child) { p.MarkerBlink.ChildLostFocus(child); });
+    surface.tmrImage.OnTick = Handler(parts, [](P& p) { p.MarkerBlink.Ticked(); });
+}
+
 }  // namespace
 
 void WireHandlers(ControlParts& parts) {
-    Surface& surface = parts.Elements;
-    surface.OnResize = Handler(parts, [](ControlParts& p) { p.Redraw.Resized(); });
-    surface.scrVert.OnChange =
-        Handler(parts, [](ControlParts& p) { p.Scrolling.VerticalChanged(); });
-    surface.scrVert.OnScroll = Handler(parts, [](ControlParts& p) { p.ScrollTip.ThumbMoved(); });
-    surface.scrHorz.OnChange =
-        Handler(parts, [](ControlParts& p) { p.RowShift.HorizontalChanged(); });
-    surface.tbMore.OnClick = Handler(
-        parts, [](ControlParts& p, const std::u16string& key) { p.Shell.ToolbarClicked(key); });
-    surface.cmdMore.OnClick = Handler(parts, [](ControlParts& p) { p.Shell.ToggleToolbar(); });
+    WireBarsAndTools(parts);
+    WireMouse(parts);
+    WireKeysAndFocus(parts);
 }
 
 }  // namespace quorvale
