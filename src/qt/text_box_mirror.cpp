@@ -1,0 +1,107 @@
+#include "qt/text_box_mirror.h"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+
+#include "qt/conversions.h"
+#include "qt/font_faces.h"
+#include "qt/input_codes.h"
+
+namespace quorvale {
+
+namespace {
+
+/// The element's font, made smaller where the box is too low for it.
+QFont fittingFont(const TextBox& box, int height) {
+    QFont font = toQFont(box.Font());
+    while (font.pointSizeF() > 1 && QFontMetricsF(font).height() > height) {
+        font.setPointSizeF(font.pointSizeF() - 0.5);
+    }
+    return font;
+}
+
+}  // namespace
+
+TextBoxMirror::TextBoxMirror(ElementOf element, ControlLinkPtr link, QWidget* parent)
+    : QLineEdit(parent), element_(element), link_(std::move(link)) {
+    connect(this, &QLineEdit::textEdited, this, &TextBoxMirror::takeText);
+    connect(this, &QLineEdit::selectionChanged, this, &TextBoxMirror::takeSelection);
+    connect(this, &QLineEdit::cursorPositionChanged, this, &TextBoxMirror::takeSelection);
+}
+
+void TextBoxMirror::mirror(const Surface& surface) {
+    const TextBox& box = surface.*element_;
+    showing_ = true;
+    setEnabled(box.Enabled());
+    showFont(box);
+    if (toUtf16(text()) != box.Text()) setText(toQString(box.Text()));
+    const int start = hasSelectedText() ? selectionStart() : cursorPosition();
+    const int wantedStart = static_cast<int>(box.SelStart());
+    const int wantedLength = static_cast<int>(box.SelLength());
+    const int length = hasSelectedText() ? selectionLength() : 0;
+    if (start != wantedStart || length != wantedLength) {
+        // The insertion point stands at the end of what is selected.
+        if (wantedLength > 0) {
+            setSelection(wantedStart, wantedLength);
+        } else {
+            setCursorPosition(wantedStart);
+        }
+    }
+    showing_ = false;
+}
+
+void TextBoxMirror::showFont(const TextBox& box) {
+    constexpr int frame = 6;
+    const int room = height() - frame;
+    if (room <= 0 || (box.Font() == fontShown_ && room == roomShown_)) return;
+    fontShown_ = box.Font();
+    roomShown_ = room;
+    setFont(fittingFont(box, room));
+}
+
+void TextBoxMirror::takeText(const QString& text) {
+    link_->run([&](Surface& surface) { (surface.*element_).SetText(toUtf16(text)); });
+    takeSelection();
+}
+
+void TextBoxMirror::takeSelection() {
+    // Between a change of the text and its report the places belong to a text not yet known.
+    if (showing_ || link_->box() == nullptr) return;
+    TextBox& box = link_->box()->Elements().*element_;
+    if (toUtf16(text()) != box.Text()) return;
+    const int start = hasSelectedText() ? selectionStart() : cursorPosition();
+    const int length = hasSelectedText() ? selectionLength() : 0;
+    const auto startUnit = static_cast<std::size_t>(start);
+    const auto lengthUnits = static_cast<std::size_t>(length);
+    if (box.SelStart() == startUnit && box.SelLength() == lengthUnits) return;
+    box.Select(startUnit, lengthUnits);
+}
+
+void TextBoxMirror::keyPressEvent(QKeyEvent* event) {
+    std::int16_t code = keyCodeOf(*event);
+    const bool known = code != 0;
+    const std::int16_t shift = shiftMaskOf(event->modifiers());
+    const bool there = link_->run([&](Surface& surface) {
+        if (known && surface.OnKeyDown) surface.OnKeyDown(code, shift);
+        if (known) code = (surface.*element_).UserKey(code, shift);
+    });
+    if (!there || (known && code == 0)) {
+        event->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void TextBoxMirror::keyReleaseEvent(QKeyEvent* event) {
+    const std::int16_t code = keyCodeOf(*event);
+    if (code != 0 && !event->isAutoRepeat()) {
+        const std::int16_t shift = shiftMaskOf(event->modifiers());
+        const bool there = link_->run([&](Surface& surface) {
+            if (surface.OnKeyUp) surface.OnKeyUp(code, shift);
+        });
+        if (!there) return;
+    }
+    QLineEdit::keyReleaseEvent(event);
+}
+
+}  // namespace quorvale

@@ -1,0 +1,168 @@
+#include "qt/tool_strip.h"
+
+#include <QMenu>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+
+#include "base/errors.h"
+#include "platform/variant.h"
+#include "qt/conversions.h"
+#include "qt/qt_picture.h"
+
+namespace quorvale {
+
+namespace {
+
+constexpr int separatorWidth = 9;
+constexpr int pictureSize = 16;
+constexpr int boxMargin = 1;
+
+PicturePtr pictureOf(const Surface& surface, const ToolbarButton& button) {
+    if (button.Shown != nullptr || button.PictureKey.empty()) return button.Shown;
+    try {
+        return surface.ilMore.Find(button.PictureKey);
+    } catch (const ControlError&) {
+        return nullptr;
+    }
+}
+
+}  // namespace
+
+ToolStrip::ToolStrip(ControlLinkPtr link, QWidget* parent)
+    : QWidget(parent),
+      link_(std::move(link)),
+      searchBox_(new TextBoxMirror(&Surface::txtSearch, link_, this)),
+      lineBox_(new TextBoxMirror(&Surface::txtLn, link_, this)) {
+    searchBox_->setObjectName("txtSearch");
+    lineBox_->setObjectName("txtLn");
+    searchBox_->hide();
+    lineBox_->hide();
+}
+
+void ToolStrip::mirror(const Surface& surface, QPoint controlOrigin) {
+    const auto& buttons = surface.tbMore.Buttons();
+    while (entries_.size() < buttons.size()) {
+        entries_.push_back(makeEntry(buttons[entries_.size()], entries_.size()));
+    }
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+        if (entries_[i].Button != nullptr) showButton(*entries_[i].Button, surface, buttons[i]);
+    }
+    setGeometry(pixelRect(surface.tbMore).toRect().translated(controlOrigin));
+    placeEntries();
+    searchBox_->mirror(surface);
+    lineBox_->mirror(surface);
+    setVisible(surface.tbMore.Visible());
+}
+
+ToolStrip::Entry ToolStrip::makeEntry(const ToolbarButton& shown, std::size_t place) {
+    Entry entry;
+    switch (shown.Kind) {
+        case ButtonKind::Separator:
+            entry.Separator = true;
+            entry.Width = separatorWidth;
+            break;
+        case ButtonKind::Placeholder:
+            entry.Held = nextBox();
+            entry.Width = static_cast<int>(toPixels(shown.Width));
+            break;
+        default:
+            entry.Button = makeButton(shown);
+            entry.Held = entry.Button;
+            connect(entry.Button, &QToolButton::clicked, this, [this, place] {
+                link_->run([&](Surface& surface) {
+                    const std::u16string key = surface.tbMore.Buttons()[place].Key;
+                    surface.tbMore.UserClick(key);
+                });
+            });
+    }
+    if (entry.Held != nullptr) entry.Held->setVisible(true);
+    return entry;
+}
+
+TextBoxMirror* ToolStrip::nextBox() {
+    ++boxesPlaced_;
+    if (boxesPlaced_ == 1) return searchBox_;
+    return boxesPlaced_ == 2 ? lineBox_ : nullptr;
+}
+
+QToolButton* ToolStrip::makeButton(const ToolbarButton& shown) {
+    auto* button = new QToolButton(this);
+    button->setObjectName(toQString(shown.Key));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setIconSize(QSize(pictureSize, pictureSize));
+    button->setCheckable(shown.Kind == ButtonKind::Check);
+    if (shown.Kind == ButtonKind::DropDown) {
+        button->setMenu(new QMenu(button));
+        button->setPopupMode(QToolButton::MenuButtonPopup);
+    }
+    return button;
+}
+
+void ToolStrip::showButton(QToolButton& button, const Surface& surface,
+                           const ToolbarButton& shown) {
+    if (button.icon().isNull() && button.text().isEmpty()) {
+        const PicturePtr picture = pictureOf(surface, shown);
+        button.setIcon(toIcon(picture));
+        // A button without a picture is known by its key.
+        if (picture == nullptr) button.setText(toQString(shown.Key));
+        if (picture == nullptr) button.setToolButtonStyle(Qt::ToolButtonTextOnly);
+    }
+    button.setEnabled(shown.Enabled && surface.tbMore.Enabled());
+    button.setToolTip(toQString(shown.ToolTip));
+    button.setAccessibleName(toQString(shown.ToolTip));
+    if (button.isCheckable() && button.isChecked() != shown.Pressed) {
+        button.setChecked(shown.Pressed);
+    }
+    if (button.menu() != nullptr) showMenu(button, shown);
+}
+
+void ToolStrip::showMenu(QToolButton& button, const ToolbarButton& shown) {
+    QMenu& menu = *button.menu();
+    for (std::size_t i = 0; i < shown.Menu.size(); ++i) {
+        const MenuItem& item = shown.Menu[i];
+        if (i >= static_cast<std::size_t>(menu.actions().size())) {
+            QAction* added = menu.addAction(QString());
+            const std::u16string key = shown.Key;
+            connect(added, &QAction::triggered, this, [this, key, i] {
+                link_->run([&](Surface& surface) { surface.tbMore.UserMenuClick(key, i); });
+            });
+        }
+        QAction* action = menu.actions().at(static_cast<qsizetype>(i));
+        action->setSeparator(item.IsSeparator());
+        action->setText(toQString(item.Caption));
+        action->setEnabled(item.Enabled);
+    }
+}
+
+void ToolStrip::placeEntries() {
+    int left = 0;
+    for (Entry& entry : entries_) {
+        if (entry.Button != nullptr) entry.Width = entry.Button->sizeHint().width();
+        const int margin = entry.Button != nullptr || entry.Held == nullptr ? 0 : boxMargin;
+        if (entry.Held != nullptr) {
+            entry.Held->setGeometry(left, margin, entry.Width, height() - 2 * margin);
+        }
+        left += entry.Width;
+    }
+}
+
+void ToolStrip::resizeEvent(QResizeEvent*) { placeEntries(); }
+
+void ToolStrip::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    int left = 0;
+    for (const Entry& entry : entries_) {
+        if (entry.Separator) {
+            QStyleOption option;
+            option.initFrom(this);
+            option.state |= QStyle::State_Horizontal;
+            option.rect = QRect(left, 0, entry.Width, height());
+            style()->drawPrimitive(QStyle::PE_IndicatorToolBarSeparator, &option, &painter, this);
+        }
+        left += entry.Width;
+    }
+}
+
+}  // namespace quorvale

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <memory>
+
+#include "platform/host_services.h"
+#include "qt/font_faces.h"
+
+namespace quorvale {
+
+/// The outside world of a control in a Qt window: real files, real message boxes, the widget as the
+/// container, and the language of the user's desktop.
+HostServices widgetServices(QWidget& control, std::shared_ptr<FontFaces> faces);
+
+}  // namespace quorvale

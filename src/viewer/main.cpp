@@ -1,0 +1,107 @@
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QTimer>
+#include <cstdio>
+
+#include "viewer/viewer_window.h"
+
+namespace {
+
+using quorvale::ViewerWindow;
+
+/// What the command line asks for.
+struct Request {
+    QString File;
+    QString Snapshot;
+    int Line = 0;
+};
+
+void complain(const QString& message) {
+    std::fprintf(stderr, "quorvale-viewer: %s\n", qUtf8Printable(message));
+}
+
+/// Drops what the offscreen platform says about windows that nobody sees.
+void sayWhatMatters(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    if (message.startsWith("This plugin does not support")) return;
+    std::fprintf(stderr, "%s\n", qUtf8Printable(qFormatLogMessage(type, context, message)));
+}
+
+/// Whether a window can be opened, as far as the environment tells.
+bool hasDisplay(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        if (qstrcmp(argv[i], "-platform") == 0) return true;
+    }
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
+           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+/// False, with a message on standard error, for a line that makes no sense.
+bool readCommandLine(const QApplication& application, Request& request) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription("Shows one text file of any size as rows.");
+    parser.addHelpOption();
+    parser.addVersionOption();
+    const QCommandLineOption snapshot("snapshot", "Render the window to a picture and exit.",
+                                      "PNG");
+    const QCommandLineOption line("line", "Put the caret on a line, counted from 1.", "N");
+    parser.addOptions({snapshot, line});
+    parser.addPositionalArgument("file", "The file to show.", "[FILE]");
+    parser.process(application);
+    if (parser.positionalArguments().size() > 1) {
+        complain("one file at a time can be shown");
+        return false;
+    }
+    request.File = parser.positionalArguments().value(0);
+    request.Snapshot = parser.value(snapshot);
+    if (!parser.isSet(line)) return true;
+    bool isNumber = false;
+    request.Line = parser.value(line).toInt(&isNumber);
+    if (isNumber && request.Line >= 1) return true;
+    complain(QString("%1 is not a line number").arg(parser.value(line)));
+    return false;
+}
+
+/// Renders the window as it is shown; the exit code.
+int takeSnapshot(ViewerWindow& window, const QString& fileName) {
+    QApplication::processEvents();
+    if (window.grab().save(fileName)) return 0;
+    complain(QString("%1 cannot be written as a picture").arg(fileName));
+    return 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // Pictures, help and version need no display.
+    const bool displayed = hasDisplay(argc, argv);
+    if (!displayed) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qInstallMessageHandler(sayWhatMatters);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("quorvale-viewer");
+    QApplication::setApplicationVersion(QUORVALE_VERSION);
+    Request request;
+    if (!readCommandLine(application, request)) return 1;
+    if (!displayed && request.Snapshot.isEmpty()) {
+        complain("there is no display; --snapshot PNG renders the window to a picture");
+        return 1;
+    }
+
+    ViewerWindow window;
+    // A snapshot is laid out like a window on the screen, without being seen there.
+    window.setAttribute(Qt::WA_DontShowOnScreen, !request.Snapshot.isEmpty());
+    window.show();
+    if (!request.File.isEmpty()) {
+        const QString reason = window.openFile(request.File);
+        if (!reason.isEmpty() && !request.Snapshot.isEmpty()) {
+            complain(reason);
+            return 1;
+        }
+        if (!reason.isEmpty()) {
+            QTimer::singleShot(0, &window, [&] { window.openOrTell(request.File); });
+        } else if (request.Line > 0) {
+            window.goToLine(request.Line);
+        }
+    }
+    if (!request.Snapshot.isEmpty()) return takeSnapshot(window, request.Snapshot);
+    return QApplication::exec();
+}

@@ -1,0 +1,33 @@
+#include "viewer/open_check.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace quorvale {
+
+namespace {
+
+QString tr(const char* text) { return QCoreApplication::translate("OpenCheck", text); }
+
+/// The control's texts have at most 2^31 - 1 characters, and it appends a line break.
+constexpr qint64 mostBytes = (qint64{1} << 31) - 3;
+
+QString reasonOf(const QFileInfo& file) {
+    // A dangling link is there, but what it names is not.
+    if (!file.exists()) return tr("There is no such file.");
+    if (file.isDir()) return tr("It is a directory.");
+    if (!file.isFile()) return tr("It is a device or a pipe, not a file.");
+    if (!file.isReadable()) return tr("You do not have permission to read it.");
+    if (file.size() > mostBytes) return tr("It is larger than 2 GiB.");
+    return {};
+}
+
+}  // namespace
+
+QString whyNotOpenable(const QString& fileName) {
+    const QString reason = reasonOf(QFileInfo(fileName));
+    if (reason.isEmpty()) return {};
+    return tr("%1 cannot be opened. %2").arg(fileName, reason);
+}
+
+}  // namespace quorvale

@@ -1,0 +1,162 @@
+#include "viewer/viewer_window.h"
+
+#include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QLocale>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QStatusBar>
+
+#include "qt/font_faces.h"
+#include "qt/qt_picture.h"
+#include "resources/pictures.h"
+#include "viewer/open_check.h"
+
+namespace quorvale {
+
+namespace {
+
+constexpr Colour documentGround = 0x80000005;
+constexpr Colour documentText = 0x80000008;
+constexpr QSize startSize(1000, 700);
+
+QString inWords(Encoding encoding) {
+    switch (encoding) {
+        case Encoding::Utf8:
+            return ViewerWindow::tr("UTF-8");
+        case Encoding::Windows1252:
+            return ViewerWindow::tr("Windows-1252");
+        default:
+            return ViewerWindow::tr("one byte per character");
+    }
+}
+
+/// The local file that is being dragged; empty where it is none, or several.
+QString draggedFile(const QMimeData* data) {
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 && urls.first().isLocalFile() ? urls.first().toLocalFile() : QString();
+}
+
+QIcon viewerIcon() {
+    const PictureData& data = WindowIcon();
+    return toIcon(std::make_shared<SvgPicture>("window", std::string(data.Svg), data.Width * 15,
+                                               data.Height * 15));
+}
+
+}  // namespace
+
+ViewerWindow::ViewerWindow() : control_(new QuorvaleBoxWidget(this)) {
+    makeControl();
+    makeMenus();
+    makeStatusBar();
+    setCentralWidget(control_);
+    setAcceptDrops(true);
+    setWindowTitle("QuorvaleBox");
+    setWindowIcon(viewerIcon());
+    resize(startSize);
+    control_->setFocus();
+}
+
+void ViewerWindow::makeControl() {
+    HostOptions options;
+    options.WideScrollBars = true;
+    options.TallView = true;
+    options.Encoding = Encoding::Automatic;
+    control_->setOptions(options);
+    QuorvaleBox& box = control_->box();
+    box.Font(fromQFont(QFontDatabase::systemFont(QFontDatabase::FixedFont)));
+    box.BackColor(documentGround);
+    box.ForeColor(documentText);
+    // The glyphs stand on the document's ground; only the strip for line images is set off.
+    box.Elements().picExpand.SetBackColor(documentGround);
+    // An empty document rather than a row with the control's name.
+    box.text(u"");
+}
+
+void ViewerWindow::makeMenus() {
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    QAction* open = file->addAction(tr("&Open..."), this, &ViewerWindow::chooseFile);
+    open->setShortcut(QKeySequence::Open);
+    file->addSeparator();
+    QAction* quit = file->addAction(tr("&Quit"), this, &QWidget::close);
+    quit->setShortcut(QKeySequence::Quit);
+}
+
+void ViewerWindow::makeStatusBar() {
+    for (QLabel** label : {&lines_, &size_, &encoding_}) {
+        *label = new QLabel(this);
+        statusBar()->addPermanentWidget(*label);
+    }
+}
+
+QString ViewerWindow::openFile(const QString& fileName) {
+    const QString reason = whyNotOpenable(fileName);
+    if (!reason.isEmpty()) return reason;
+    const QFileInfo file(fileName);
+    control_->loadFile(file.absoluteFilePath());
+    // The control offers "Edit" exactly while it shows a file.
+    if (!control_->box().Elements().tbMore.Button(u"Edit").Enabled) {
+        fileName_.clear();
+        setWindowTitle("QuorvaleBox");
+        showStatus(0);
+        return tr("%1 could not be read to its end.").arg(fileName);
+    }
+    fileName_ = file.absoluteFilePath();
+    setWindowTitle(tr("%1 \u2014 QuorvaleBox").arg(file.fileName()));
+    showStatus(file.size());
+    return {};
+}
+
+void ViewerWindow::openOrTell(const QString& fileName) {
+    const QString reason = openFile(fileName);
+    if (!reason.isEmpty()) tell(reason);
+}
+
+// The message waits for nobody: what brought the file here may be in the middle of an event.
+void ViewerWindow::tell(const QString& message) {
+    auto* box =
+        new QMessageBox(QMessageBox::Warning, "QuorvaleBox", message, QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    box->open();
+}
+
+void ViewerWindow::showStatus(qint64 bytes) {
+    const bool shown = !fileName_.isEmpty();
+    const QLocale locale;
+    const int lines = control_->box().LineCount();
+    lines_->setText(shown ? tr("%1 lines").arg(locale.toString(lines)) : QString());
+    size_->setText(shown ? locale.formattedDataSize(bytes) : QString());
+    encoding_->setText(shown ? inWords(control_->box().FileEncoding()) : QString());
+}
+
+QString ViewerWindow::statusText() const {
+    return QStringList{lines_->text(), size_->text(), encoding_->text()}.join(", ");
+}
+
+void ViewerWindow::goToLine(int line) { control_->box().MoveTo(line, 1); }
+
+void ViewerWindow::chooseFile() {
+    const QString folder = QFileInfo(fileName_).absolutePath();
+    const QString chosen = QFileDialog::getOpenFileName(this, tr("Open a file"),
+                                                        fileName_.isEmpty() ? QString() : folder);
+    if (!chosen.isEmpty()) openOrTell(chosen);
+}
+
+void ViewerWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!draggedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+void ViewerWindow::dropEvent(QDropEvent* event) {
+    const QString file = draggedFile(event->mimeData());
+    if (file.isEmpty()) return;
+    event->acceptProposedAction();
+    activateWindow();
+    openOrTell(file);
+}
+
+}  // namespace quorvale

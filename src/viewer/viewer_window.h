@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "qt/quorvale_box_widget.h"
+
+class QLabel;
+
+namespace quorvale {
+
+/// The viewer's window: the control with one file, a File menu and a status bar. Files can be
+/// dropped on it.
+class ViewerWindow final : public QMainWindow {
+    Q_OBJECT
+
+public:
+    ViewerWindow();
+
+    /// Shows the file and returns the empty text; or says why not, and what was shown stays.
+    QString openFile(const QString& fileName);
+
+    /// Puts the caret on a line and shows it.
+    void goToLine(int line);
+
+    QuorvaleBoxWidget& control() { return *control_; }
+    QString statusText() const;
+
+public slots:
+    /// Opens the file, or shows a message that says why not.
+    void openOrTell(const QString& fileName);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void makeControl();
+    void makeMenus();
+    void makeStatusBar();
+    void chooseFile();
+    void showStatus(qint64 bytes);
+    void tell(const QString& message);
+
+    QuorvaleBoxWidget* control_;
+    QLabel* lines_ = nullptr;
+    QLabel* size_ = nullptr;
+    QLabel* encoding_ = nullptr;
+    QString fileName_;
+};
+
+}  // namespace quorvale
