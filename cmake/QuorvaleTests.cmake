@@ -42,7 +42,8 @@ function(quorvale_qt_test file)
     add_executable(${name} ${file})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_compile_features(${name} PRIVATE cxx_std_20)
-    target_link_libraries(${name} PRIVATE quorvale_warnings quorvale_qt Qt6::Test)
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_link_libraries(${name} PRIVATE quorvale_warnings quorvale_viewer Qt6::Test)
     quorvale_private_test(${name}
         COMMAND $<TARGET_FILE:${name}>
         ENVIRONMENT QT_QPA_PLATFORM=offscreen

@@ -1,5 +1,6 @@
 #include "document/loading.h"
 
+#include <cstdint>
 #include <exception>
 #include <new>
 #include <utility>
@@ -30,14 +31,19 @@ std::exception_ptr Caught(Step step) {
 void DocumentLoading::LoadFile(const std::u16string& fileName) {
     // The caller's string may be one that the load itself replaces.
     const std::u16string name = fileName;
+    std::uint64_t own = document_.Generation;
     const auto failed = Caught([&] {
         peers_.CloseEdit();
-        Replace(ReadWhole(name));
+        LoadedText loaded = ReadWhole(name);
+        own = document_.Generation + 1;
+        Replace(std::move(loaded));
+        if (document_.Generation != own) return;
         peers_.OpenJournal(name);
         document_.FileName = name;
         surface_.tbMore.SetButtonEnabled(u"Edit", true);
     });
-    if (failed) ShowNothing();
+    // A host that heard of the new view may have put another document in place: that one stays.
+    if (failed && document_.Generation <= own) ShowNothing();
 }
 
 void DocumentLoading::SetText(std::u16string_view text) {

@@ -43,7 +43,8 @@ public:
           options_(options),
           peers_(peers) {}
 
-    /// Shows the whole file. Whatever fails: one empty line, no file name, and no error.
+    /// Shows the whole file. Whatever fails: one empty line, no file name, and no error. A document
+    /// that the host puts in place on the way, inside an event, stays.
     void LoadFile(const std::u16string& fileName);
 
     /// Shows a text of no file. When the old journal could not be saved the new text is in place

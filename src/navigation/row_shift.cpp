@@ -1,5 +1,6 @@
 #include "navigation/row_shift.h"
 
+#include <algorithm>
 #include <string>
 
 #include "base/integers.h"
@@ -33,7 +34,7 @@ void RowShift::ShiftRows() {
 void RowShift::ShiftBoundaries() {
     for (LineShape& boundary : surface_.lnGrid) {
         const std::int32_t column = ToLong(std::u16string_view(boundary.Tag()));
-        const std::u16string blanks(static_cast<std::size_t>(column), u' ');
+        const std::u16string blanks(static_cast<std::size_t>(std::max(column, 0)), u' ');
         const Twips width = metrics_.Width(blanks, surface_.UserControl.Font());
         const Twips x = Single(surface_.lblLine[0].Left() + Single(width));
         boundary.SetX1(x);

@@ -21,7 +21,8 @@ struct HostOptions {
     /// How the bytes of loaded files are read.
     quorvale::Encoding Encoding = quorvale::Encoding::SingleByte;
 
-    /// The columns at which "Show Boundaries" draws its lines, 0 for the left edge of the text.
+    /// The columns at which "Show Boundaries" draws its lines; 0 and less for the left edge of the
+    /// text.
     std::vector<std::int32_t> BoundaryColumns = {72, 80};
 };
 

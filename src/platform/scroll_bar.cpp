@@ -65,7 +65,9 @@ void ScrollBar::SetLargeChange(std::int32_t change) {
 
 void ScrollBar::UserStepBy(std::int64_t steps) {
     if (!Answers()) return;
-    SetValue(Clamped(std::int64_t{value_} + steps));
+    // No bar is longer than this, and the sum stays within 64 bits.
+    constexpr std::int64_t most = std::int64_t{1} << 33;
+    SetValue(Clamped(value_ + std::clamp(steps, -most, most)));
 }
 
 void ScrollBar::UserArrow(int direction) { UserStepBy(std::int64_t{smallChange_} * direction); }

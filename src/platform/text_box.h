@@ -20,16 +20,18 @@ public:
     std::function<void(std::int16_t& keyCode, std::int16_t shift)> OnKeyDown;
 
     const std::u16string& Text() const { return text_; }
+    /// What is selected stays as far as the new text reaches.
     void SetText(std::u16string text) {
-        if (Assign(text_, std::move(text), "Text") && OnChange) OnChange();
+        if (!Assign(text_, std::move(text), "Text")) return;
+        KeepSelectionWithinText(selStart_, selLength_);
+        if (OnChange) OnChange();
     }
 
     /// Where the insertion point stands and how much is selected from there, in UTF-16 units.
     std::size_t SelStart() const { return selStart_; }
     std::size_t SelLength() const { return selLength_; }
     void Select(std::size_t start, std::size_t length) {
-        selStart_ = std::min(start, text_.size());
-        selLength_ = std::min(length, text_.size() - selStart_);
+        KeepSelectionWithinText(start, length);
         Touch("Selection");
     }
 
@@ -40,6 +42,11 @@ public:
     }
 
 private:
+    void KeepSelectionWithinText(std::size_t start, std::size_t length) {
+        selStart_ = std::min(start, text_.size());
+        selLength_ = std::min(length, text_.size() - selStart_);
+    }
+
     std::u16string text_;
     std::size_t selStart_ = 0;
     std::size_t selLength_ = 0;

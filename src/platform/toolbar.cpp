@@ -69,7 +69,8 @@ void Toolbar::UserClick(std::u16string_view key) {
 
 void Toolbar::UserMenuClick(std::u16string_view key, std::size_t item) {
     const ToolbarButton* button = Find(key);
-    if (button == nullptr || !button->Enabled || !Visible() || item >= button->Menu.size()) return;
+    if (button == nullptr || !button->Enabled || !Visible() || !Enabled()) return;
+    if (item >= button->Menu.size()) return;
     const MenuItem picked = button->Menu[item];
     const std::u16string clicked = button->Key;
     if (picked.Enabled && !picked.IsSeparator() && OnMenuClick) OnMenuClick(clicked, picked.Key);

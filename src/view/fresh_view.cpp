@@ -1,6 +1,8 @@
 #include "view/fresh_view.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <exception>
 
 #include "state/slot_lines.h"
 #include "view/range_column.h"
@@ -13,7 +15,19 @@ void FreshView::ShowFromStart() {
     ResetRows();
     surface_.lnExpand.UnloadAbove(0);
     surface_.lnExpandTo.UnloadAbove(0);
-    peers_.SetTopLine(Line{1});
+    // The host hears of this and may fail, or put another document in place.
+    const std::uint64_t shown = document_.Generation;
+    std::exception_ptr failed;
+    try {
+        peers_.SetTopLine(Line{1});
+    } catch (...) {
+        failed = std::current_exception();
+    }
+    if (document_.Generation == shown) ShowRest();
+    if (failed) std::rethrow_exception(failed);
+}
+
+void FreshView::ShowRest() {
     surface_.scrHorz.SetValue(0);
     surface_.tbMore.SetButtonEnabled(u"Edit", false);
     peers_.LayoutView();

@@ -30,6 +30,7 @@ public:
 private:
     void ForgetRows();
     void ResetRows();
+    void ShowRest();
 
     ViewState& view_;
     Surface& surface_;

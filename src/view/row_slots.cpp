@@ -23,6 +23,8 @@ void RowSlots::GrowTo(int highest) {
         surface_.imgExpand.Load();
         surface_.imgEdit.Load();
         PlaceRow(i);
+        // The rows may be scrolled sideways.
+        label.SetLeft(surface_.lblLine[0].Left());
     }
     if (highest > view_.RowSlotCount) view_.RowSlotCount = highest;
 }
