@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,11 +12,11 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <iostream>
-#include <random>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -23,6 +24,7 @@
 #include "adapters/huge_pages.h"
 #include "adapters/posix_files.h"
 #include "document/text_loading.h"
+#include "log_file.h"
 
 extern char** environ;
 
@@ -33,45 +35,19 @@ using Advice = HugePageMemory::Advice;
 
 constexpr int rounds = 5;
 constexpr double mebibyte = 1024.0 * 1024.0;
+constexpr std::uint64_t linesPerMebibyte = 9500;
 
 [[noreturn]] void Fail(const std::string& what) { throw std::runtime_error(what); }
 
-/// Writes log lines until the file has the size; with `last` behind them.
-void WriteLog(const std::filesystem::path& path, std::size_t size, const std::string& last) {
-    static const std::vector<std::string> levels = {"INFO ", "DEBUG", "WARN ", "ERROR"};
-    static const std::vector<std::string> parts = {"scheduler", "storage", "network", "session"};
-    static const std::vector<std::string> deeds = {
-        "request finished", "connection accepted from client", "cache entry evicted, will be read",
-        "retry after timeout", "checkpoint written and verified"};
-    std::mt19937 random(20240229);
-    const auto any = [&](const std::vector<std::string>& of) { return of[random() % of.size()]; };
-    std::ofstream out(path, std::ios::binary);
-    std::string lines;
-    std::size_t written = 0;
-    for (std::size_t number = 0; written + lines.size() + last.size() < size; ++number) {
-        lines += "2024-02-29 12:" + std::to_string(10 + number / 60 % 50) + ":" +
-                 std::to_string(10 + number % 50) + "." + std::to_string(100 + random() % 900) +
-                 " " + any(levels) + " [worker-" + std::to_string(random() % 32) + "] " +
-                 any(parts) + ": " + any(deeds) + " id=" + std::to_string(random()) + " took " +
-                 std::to_string(random() % 100000) + " us\n";
-        if (lines.size() < (1 << 20)) continue;
-        out.write(lines.data(), static_cast<std::streamsize>(lines.size()));
-        written += lines.size();
-        lines.clear();
-    }
-    lines += last;
-    out.write(lines.data(), static_cast<std::streamsize>(lines.size()));
-    if (!out.flush()) Fail("cannot write " + path.string());
-}
-
-std::string CachedLog(const std::filesystem::path& directory, std::size_t mebibytes,
+/// The log of that size in the directory, written there if it is not there yet.
+std::string CachedLog(const std::filesystem::path& directory, std::uint64_t mebibytes,
                       const std::string& kind, const std::string& last) {
     const auto path = directory / ("log-" + std::to_string(mebibytes) + kind + ".txt");
-    const std::size_t size = mebibytes << 20;
+    const bench::LogShape shape{mebibytes << 20, mebibytes * linesPerMebibyte, 1, last};
     std::error_code none;
-    if (std::filesystem::file_size(path, none) + 1024 < size || none) {
+    if (std::filesystem::file_size(path, none) != shape.Bytes || none) {
         std::filesystem::create_directories(directory);
-        WriteLog(path, size, last);
+        bench::WriteLog(path, shape);
     }
     return path.string();
 }
@@ -90,15 +66,76 @@ bool ResetPeak() {
     return static_cast<bool>(std::ofstream("/proc/self/clear_refs") << 5 << std::flush);
 }
 
+/// Milliseconds of processor time that this process and its children that ended have used.
+double ProcessorTime() {
+    double sum = 0;
+    for (const auto who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
+        rusage usage{};
+        getrusage(who, &usage);
+        for (const timeval& time : {usage.ru_utime, usage.ru_stime}) {
+            sum += static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
+        }
+    }
+    return sum;
+}
+
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+/// Memory that was used before and is handed out again and again: what is left of reading without
+/// the first touch of each page.
+class MemoryAtHand final : public BlockMemory {
+public:
+    explicit MemoryAtHand(std::size_t size) : all_(HugePageMemory().Allocate(size)) {
+        if (all_ == nullptr) Fail("not enough memory");
+        std::memset(all_->Data(), 1, all_->Size());
+    }
+
+    void TakeBack() { used_ = 0; }
+
+    std::unique_ptr<MemoryBlock> Allocate(std::size_t size) override {
+        if (size > all_->Size() - used_) return nullptr;
+        auto block = std::make_unique<Piece>(all_->Data() + used_, size);
+        used_ += (size + 63) / 64 * 64;
+        return block;
+    }
+
+private:
+    class Piece final : public MemoryBlock {
+    public:
+        Piece(std::byte* data, std::size_t size) : data_(data), size_(size) {}
+        std::byte* Data() override { return data_; }
+        std::size_t Size() const override { return size_; }
+        void Trim(std::size_t) override {}
+        void Discard(std::size_t, std::size_t) override {}
+
+    private:
+        std::byte* data_;
+        std::size_t size_;
+    };
+
+    std::unique_ptr<MemoryBlock> all_;
+    std::size_t used_ = 0;
+};
+
 struct Timing {
     std::string Name;
     std::function<void()> Work;
-    std::vector<double> Times;
+    std::function<void()> Prepare = [] {};
+    std::vector<double> Times{};
+    std::vector<double> ProcessorTimes{};
 
-    double Median() const {
-        std::vector<double> sorted = Times;
-        std::sort(sorted.begin(), sorted.end());
-        return sorted[sorted.size() / 2];
+    void Measure() {
+        Prepare();
+        const double processorBefore = ProcessorTime();
+        const auto begin = std::chrono::steady_clock::now();
+        Work();
+        const std::chrono::duration<double, std::milli> time =
+            std::chrono::steady_clock::now() - begin;
+        Times.push_back(time.count());
+        ProcessorTimes.push_back(ProcessorTime() - processorBefore);
     }
 };
 
@@ -121,8 +158,7 @@ std::unique_ptr<ReadStream> Open(const std::string& path) {
     return std::move(*stream);
 }
 
-void ReadOnly(const std::string& path, Advice advice) {
-    HugePageMemory memory(advice);
+void ReadOnly(const std::string& path, BlockMemory& memory) {
     const auto stream = Open(path);
     const auto block = memory.Allocate(stream->Size());
     if (block == nullptr) Fail("not enough memory");
@@ -135,37 +171,48 @@ void ReadOnly(const std::string& path, Advice advice) {
     }
 }
 
-LoadedText Load(const std::string& path, Advice advice, LineKernel kernel) {
-    HugePageMemory memory(advice);
+LoadedText Load(const std::string& path, BlockMemory& memory, LineKernel kernel) {
     return ReadText(*Open(path), Encoding::Automatic, memory, kernel);
 }
 
+/// The host of a virtual machine may take free memory away, and giving it back can take longer than
+/// everything else here: so the memory for the next measurement is used once before.
+void UseOnce(std::size_t size, Advice advice) {
+    const auto block = HugePageMemory(advice).Allocate(size);
+    if (block == nullptr) Fail("not enough memory");
+    for (std::size_t at = 0; at < size; at += 4096) block->Data()[at] = std::byte{1};
+}
+
 void Measure(std::vector<Timing>& timings) {
-    for (Timing& timing : timings) timing.Work();  // warms the page cache
+    for (Timing& timing : timings) {  // warms the page cache
+        timing.Prepare();
+        timing.Work();
+    }
     for (int round = 0; round < rounds; ++round) {
-        for (Timing& timing : timings) {
-            const auto begin = std::chrono::steady_clock::now();
-            timing.Work();
-            const std::chrono::duration<double, std::milli> time =
-                std::chrono::steady_clock::now() - begin;
-            timing.Times.push_back(time.count());
-        }
+        for (Timing& timing : timings) timing.Measure();
     }
 }
 
 void PrintTimes(const std::vector<Timing>& timings) {
-    const double yardstick = timings.front().Median();
+    const double yardstick = Median(timings.front().Times);
     for (const Timing& timing : timings) {
         const auto [least, most] = std::minmax_element(timing.Times.begin(), timing.Times.end());
-        std::printf("  %-52s %8.1f ms (%.1f to %.1f)  %5.2f x wc -l\n", timing.Name.c_str(),
-                    timing.Median(), *least, *most, timing.Median() / yardstick);
+        const double median = Median(timing.Times);
+        std::printf("  %-48s %7.1f ms %6.2f x wc -l  (%.0f to %.0f, processor %.0f)\n",
+                    timing.Name.c_str(), median, median / yardstick, *least, *most,
+                    Median(timing.ProcessorTimes));
     }
+}
+
+double Ratio(const Timing& one, const Timing& other) {
+    return Median(one.Times) / Median(other.Times);
 }
 
 void PrintMemory(const std::string& path, const char* what) {
     const bool reset = ResetPeak();
     const double before = OwnMemory("/proc/self/status", "VmRSS:");
-    const LoadedText loaded = Load(path, Advice::AskForHugePages, BestLineKernel());
+    HugePageMemory memory;
+    const LoadedText loaded = Load(path, memory, BestLineKernel());
     const double peak = (OwnMemory("/proc/self/status", "VmHWM:") - before) * 1024;
     const double huge = OwnMemory("/proc/self/smaps_rollup", "AnonHugePages:") / 1024;
     const auto bytes = static_cast<double>(std::filesystem::file_size(path));
@@ -176,34 +223,54 @@ void PrintMemory(const std::string& path, const char* what) {
         loaded.Text.IsNarrow() ? "" : "; not all narrow");
 }
 
-void MeasureSize(const std::filesystem::path& directory, std::size_t mebibytes) {
-    const std::string plain = CachedLog(directory, mebibytes, "", "");
-    const std::string japanese =
-        CachedLog(directory, mebibytes, "-ja", "最後の行です。ログはここで終わります。\n");
-    const auto load = [&](std::string name, const std::string& path, Advice advice,
-                          LineKernel kernel) {
-        return Timing{std::move(name), [=] { Load(path, advice, kernel); }, {}};
+/// What is measured with fresh pages of one kind.
+void AddFreshPages(std::vector<Timing>& timings, const std::string& plain,
+                   const std::string& japanese, Advice advice) {
+    const std::string pages =
+        advice == Advice::AskForHugePages ? ", fresh huge pages" : ", fresh plain pages";
+    const std::size_t size = std::filesystem::file_size(plain) / 100 * 105;
+    const auto add = [&](const std::string& name, std::function<void(BlockMemory&)> work) {
+        const auto onMemory = [=] {
+            HugePageMemory memory(advice);
+            work(memory);
+        };
+        timings.push_back({name + pages, onMemory, [=] { UseOnce(size, advice); }});
     };
     const LineKernel best = BestLineKernel();
-    std::vector<Timing> timings = {
-        {"wc -l", [&] { CountLines(plain); }, {}},
-        {"read(), huge pages", [&] { ReadOnly(plain, Advice::AskForHugePages); }, {}},
-        load("load, huge pages", plain, Advice::AskForHugePages, best),
-        load("load, huge pages, one Japanese line at the end", japanese, Advice::AskForHugePages,
-             best),
-        load("load, huge pages, portable scan", plain, Advice::AskForHugePages,
-             LineKernel::Portable),
-        {"read(), plain pages", [&] { ReadOnly(plain, Advice::PlainPages); }, {}},
-        load("load, plain pages", plain, Advice::PlainPages, best),
-        load("load, plain pages, portable scan", plain, Advice::PlainPages, LineKernel::Portable),
+    add("read()", [=](BlockMemory& memory) { ReadOnly(plain, memory); });
+    add("load", [=](BlockMemory& memory) { Load(plain, memory, best); });
+    add("load with a Japanese line", [=](BlockMemory& memory) { Load(japanese, memory, best); });
+    add("load, portable", [=](BlockMemory& memory) { Load(plain, memory, LineKernel::Portable); });
+}
+
+void AddMemoryAtHand(std::vector<Timing>& timings, const std::string& plain, MemoryAtHand& memory) {
+    const auto add = [&](const std::string& name, std::function<void()> work) {
+        timings.push_back({name + ", memory at hand", work, [&] { memory.TakeBack(); }});
     };
-    std::printf("%zu MiB, medians of %d\n", mebibytes, rounds);
+    add("read()", [&] { ReadOnly(plain, memory); });
+    add("load", [&] { Load(plain, memory, BestLineKernel()); });
+    add("load, portable", [&] { Load(plain, memory, LineKernel::Portable); });
+}
+
+void MeasureSize(const std::filesystem::path& directory, std::uint64_t mebibytes) {
+    const std::string plain = CachedLog(directory, mebibytes, "", "");
+    const std::string japanese =
+        CachedLog(directory, mebibytes, "-ja", "最後の行です。ログはここで終わります。");
+    std::printf("%ju MiB, medians of %d\n", std::uintmax_t{mebibytes}, rounds);
+    std::vector<Timing> timings = {{"wc -l", [&] { CountLines(plain); }}};
+    AddFreshPages(timings, plain, japanese, Advice::AskForHugePages);
+    AddFreshPages(timings, plain, japanese, Advice::PlainPages);
     Measure(timings);
+    {
+        MemoryAtHand memory((mebibytes << 20) / 10 * 11);
+        std::vector<Timing> atHand;
+        AddMemoryAtHand(atHand, plain, memory);
+        Measure(atHand);
+        timings.insert(timings.end(), atHand.begin(), atHand.end());
+    }
     PrintTimes(timings);
-    std::printf("  one Japanese line costs %.2f x\n", timings[3].Median() / timings[2].Median());
-    std::printf("  load is %.2f x read() on huge pages, %.2f x on plain ones\n",
-                timings[2].Median() / timings[1].Median(),
-                timings[6].Median() / timings[5].Median());
+    std::printf("  load is %.2f x read() on huge pages, one Japanese line costs %.2f x\n",
+                Ratio(timings[2], timings[1]), Ratio(timings[3], timings[2]));
     PrintMemory(plain, "log");
     PrintMemory(japanese, "log with a Japanese line");
 }
@@ -212,11 +279,11 @@ int Run(const std::vector<std::string>& arguments) {
     const auto directory = arguments.empty()
                                ? std::filesystem::temp_directory_path() / "quorvale-bench"
                                : std::filesystem::path(arguments[0]);
-    std::vector<std::size_t> sizes;
+    std::vector<std::uint64_t> sizes;
     for (std::size_t i = 1; i < arguments.size(); ++i) sizes.push_back(std::stoul(arguments[i]));
     if (sizes.empty()) sizes = {100, 1024};
     std::printf("scan: %s\n", BestLineKernel() == LineKernel::Avx2 ? "AVX2" : "portable");
-    for (const std::size_t mebibytes : sizes) MeasureSize(directory, mebibytes);
+    for (const std::uint64_t mebibytes : sizes) MeasureSize(directory, mebibytes);
     return EXIT_SUCCESS;
 }
 

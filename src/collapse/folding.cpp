@@ -124,9 +124,12 @@ bool Folding::ClimbToShown() {
 
 void Folding::RepaintAt(Line caret, bool climbed) {
     const std::uint32_t movesBefore = navigation_.CaretMoves;
+    const std::uint64_t folded = document_.Generation;
     peers_.FillRows();
     peers_.LayoutView();
-    peers_.SetRow(caret);
+    // A host that heard of the scrolling may have put another document in place.
+    if (document_.Generation == folded) peers_.SetRow(caret);
+    if (document_.Generation != folded) return;
     if (climbed && navigation_.CaretMoves == movesBefore) peers_.CaretMoved();
 }
 

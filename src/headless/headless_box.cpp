@@ -59,4 +59,45 @@ void HeadlessBox::DragThumb(std::initializer_list<std::int32_t> values) {
 
 void HeadlessBox::TurnWheel(int rows) { Elements().scrVert.UserStepBy(rows); }
 
+// Every action may end with the control destroyed by its host: the handler is called through a
+// copy.
+
+void HeadlessBox::EnterText() {
+    const auto enter = Elements().OnEnter;
+    enter();
+    if (!Destroyed()) Elements().Focus.UserMovesTo(FocusChild::TextArea);
+}
+
+void HeadlessBox::Press(std::int16_t keyCode, std::int16_t shift) {
+    const auto down = Elements().OnKeyDown;
+    down(keyCode, shift);
+    if (Destroyed()) return;
+    const auto up = Elements().OnKeyUp;
+    up(keyCode, shift);
+}
+
+void HeadlessBox::MousePress(int slot, const MouseEvent& event) {
+    const auto press = Elements().OnRowMouseDown;
+    press(slot, event);
+}
+
+void HeadlessBox::MouseMove(int slot, const MouseEvent& event) {
+    const auto move = Elements().OnRowMouseMove;
+    move(slot, event);
+}
+
+void HeadlessBox::MouseRelease(int slot, const MouseEvent& event) {
+    const auto release = Elements().OnRowMouseUp;
+    release(slot, event);
+}
+
+void HeadlessBox::DoubleClick(int slot, const MouseEvent& event) {
+    MousePress(slot, event);
+    if (!Destroyed()) MouseRelease(slot, event);
+    if (Destroyed()) return;
+    const auto doubleClick = Elements().OnRowDblClick;
+    doubleClick(slot);
+    if (!Destroyed()) MouseRelease(slot, event);
+}
+
 }  // namespace quorvale

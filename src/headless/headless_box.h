@@ -65,6 +65,17 @@ public:
     void DragThumb(std::initializer_list<std::int32_t> values);
     /// Turns the wheel by whole rows; down is positive.
     void TurnWheel(int rows);
+    /// The keyboard comes to the control's text.
+    void EnterText();
+    /// A key goes down and up again, wherever the keyboard is in the control.
+    void Press(std::int16_t keyCode, std::int16_t shift = 0);
+    /// The mouse on a row, with places relative to the row's label. After a press the pressed row
+    /// gets the moves and the release, wherever the mouse is.
+    void MousePress(int slot, const MouseEvent& event);
+    void MouseMove(int slot, const MouseEvent& event);
+    void MouseRelease(int slot, const MouseEvent& event);
+    /// Press, release, double click and second release, as a window delivers them.
+    void DoubleClick(int slot, const MouseEvent& event);
     /// The timer's interval passes.
     void TickTimer() { Elements().tmrImage.Tick(); }
 

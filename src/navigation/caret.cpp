@@ -24,16 +24,19 @@ std::int32_t LengthOf(const SharedText& text) {
 void Caret::SetRow(Line row) {
     const SharedText text = lines_.TextOf(row);
     const std::int32_t col = ColumnAtX(text.View(), navigation_.DesiredX);
-    peers_.RevealLine(row, col);
     Twips unused = 0;
-    PlaceCaretMarker(row, col, unused);
+    RevealAndPlace(row, col, unused);
 }
 
 void Caret::SetCol(std::int32_t col) { MoveTo(navigation_.CaretRow, col); }
 
-void Caret::MoveTo(Line row, std::int32_t col) {
+void Caret::MoveTo(Line row, std::int32_t col) { RevealAndPlace(row, col, navigation_.DesiredX); }
+
+// A host that hears of the scrolling may put another document in place: the line is none of its.
+void Caret::RevealAndPlace(Line row, std::int32_t col, Twips& x) {
+    const std::uint64_t meant = document_.Generation;
     peers_.RevealLine(row, col);
-    PlaceCaretMarker(row, col, navigation_.DesiredX);
+    if (document_.Generation == meant) PlaceCaretMarker(row, col, x);
 }
 
 void Caret::SetSelectedRowsCount(std::int32_t count) {

@@ -71,6 +71,7 @@ public:
     std::int32_t ColumnAtX(std::u16string_view text, Twips x) const;
 
 private:
+    void RevealAndPlace(Line row, std::int32_t col, Twips& x);
     void UpdateSelection();
     Twips PlaceOfColumn(const SharedText& text, std::int32_t col) const;
     void MoveMarker(std::optional<int> slot, Twips x);

@@ -13,9 +13,11 @@ namespace quorvale {
 void Reveal::RevealLine(Line& line, std::int32_t col) {
     if (document_.LineSlots == 0) return;
     line = std::max(std::min(line, document_.Sentinel()), Line{1});
+    const std::uint64_t meant = document_.Generation;
     OpenFolds(line);
-    ScrollTo(line);
-    ShiftTo(line, col);
+    // Inside each step the host may put another document in place: the line is none of its.
+    if (document_.Generation == meant) ScrollTo(line);
+    if (document_.Generation == meant) ShiftTo(line, col);
 }
 
 // The sentinel is asked for when the caret goes to the end; the caret then stands on the last line,

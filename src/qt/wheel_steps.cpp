@@ -1,6 +1,7 @@
 #include "qt/wheel_steps.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <cmath>
 
 namespace quorvale {
@@ -14,12 +15,13 @@ QPointF sideways(QPointF delta) { return delta.x() == 0 ? QPointF(delta.y(), 0) 
 
 }  // namespace
 
-std::int64_t WheelSteps::Rest::take(double steps) {
-    // Turning back answers at once.
-    if (rest_ * steps < 0) rest_ = 0;
-    rest_ += steps;
-    const double whole = std::trunc(rest_);
-    rest_ -= whole;
+std::int64_t WheelSteps::Rest::take(double distance, double unit) {
+    // Turning back answers at once, and a wheel knows nothing of what a touch pad began.
+    if (rest_ * distance < 0 || unit != unit_) rest_ = 0;
+    unit_ = unit;
+    rest_ += distance;
+    const double whole = std::trunc(rest_ / unit);
+    rest_ -= whole * unit;
     return static_cast<std::int64_t>(whole);
 }
 
@@ -28,17 +30,12 @@ WheelSteps::Steps WheelSteps::add(const QWheelEvent& event, double row, double c
         columns_.clear();
         rows_.clear();
     }
-    const bool side = event.modifiers() & Qt::ShiftModifier;
-    const QPointF pixels = event.pixelDelta();
-    QPointF steps;
-    if (!pixels.isNull()) {
-        const QPointF delta = side ? sideways(pixels) : pixels;
-        steps = QPointF(delta.x() / column, delta.y() / row);
-    } else {
-        const QPointF angle = event.angleDelta();
-        steps = (side ? sideways(angle) : angle) / notch * QApplication::wheelScrollLines();
-    }
-    return {columns_.take(-steps.x()), rows_.take(-steps.y())};
+    const bool touched = !event.pixelDelta().isNull();
+    const QPointF moved = touched ? event.pixelDelta() : event.angleDelta();
+    const QPointF delta = event.modifiers() & Qt::ShiftModifier ? sideways(moved) : moved;
+    const double perStep = notch / std::max(1, QApplication::wheelScrollLines());
+    return {columns_.take(-delta.x(), touched ? column : perStep),
+            rows_.take(-delta.y(), touched ? row : perStep)};
 }
 
 }  // namespace quorvale

@@ -22,11 +22,13 @@ private:
     /// One direction: what is not yet a whole step.
     class Rest {
     public:
-        std::int64_t take(double steps);
+        /// Whole steps in what came together; a step is `unit` long.
+        std::int64_t take(double distance, double unit);
         void clear() { rest_ = 0; }
 
     private:
         double rest_ = 0;
+        double unit_ = 1;
     };
 
     Rest columns_;

@@ -37,7 +37,7 @@ inline std::u16string Lines(std::initializer_list<std::u16string_view> lines) {
 }
 
 /// `count` times the character.
-inline std::u16string Run(std::size_t count, char16_t character = u'x') {
+inline std::u16string Times(std::size_t count, char16_t character = u'x') {
     return std::u16string(count, character);
 }
 

@@ -114,8 +114,8 @@ TEST(ToLong, AnExponentWithoutDigitsIsNoNumber) {
 TEST(ToLong, TheRangeIsCheckedAfterRounding) {
     EXPECT_EQ(ToLong(u"2147483647.4"), 2147483647);
     EXPECT_EQ(ToLong(u"-2147483648.5"), std::numeric_limits<std::int32_t>::min());
-    for (const auto* text : {u"2147483647.5", u"2147483648", u"12345678901", u"-2147483649", u"1e10",
-                             u"1e999", u"-1e999", u"1e99999999999999999999999"}) {
+    for (const auto* text : {u"2147483647.5", u"2147483648", u"12345678901", u"-2147483649",
+                             u"1e10", u"1e999", u"-1e999", u"1e99999999999999999999999"}) {
         EXPECT_EQ(LongError(text), "overflow") << ToUtf8(text);
     }
 }

@@ -8,6 +8,8 @@
 namespace quorvale {
 namespace {
 
+using Place = Ordinal<struct PlaceTag>;
+
 TEST(Ordinal, StepsForwardsAndBackwards) {
     Line line(5);
     EXPECT_EQ((line + 2).Number(), 7);
@@ -19,7 +21,7 @@ TEST(Ordinal, StepsForwardsAndBackwards) {
 TEST(Ordinal, TheDifferenceOfTwoPlacesIsANumber) { EXPECT_EQ(Line(20) - Line(5), 15); }
 
 TEST(Ordinal, PlacesAreOrdered) {
-    EXPECT_LT(Slot(0), Slot(1));
+    EXPECT_LT(Place(0), Place(1));
     EXPECT_EQ(Line(3), Line(3));
     EXPECT_GT(Line(4), Line(3));
 }
@@ -37,9 +39,9 @@ TEST(Ordinal, SteppingOutOf32BitsIsAnOverflow) {
     EXPECT_EQ(line, last);
 }
 
-TEST(Ordinal, LinesAndSlotsDoNotMix) {
-    EXPECT_FALSE((std::is_convertible_v<Line, Slot>));
-    EXPECT_FALSE((std::is_constructible_v<Line, Slot>));
+TEST(Ordinal, PlacesOfTwoKindsDoNotMix) {
+    EXPECT_FALSE((std::is_convertible_v<Line, Place>));
+    EXPECT_FALSE((std::is_constructible_v<Line, Place>));
     EXPECT_FALSE((std::is_convertible_v<int, Line>));
     EXPECT_FALSE((std::is_convertible_v<Line, int>));
 }

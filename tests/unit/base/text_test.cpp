@@ -22,7 +22,9 @@ TEST(ToUtf8, ALoneSurrogateBecomesTheReplacementCharacter) {
     const std::u16string high = {u'a', 0xD83D, u'b'};
     const std::u16string low = {0xDE00};
     const std::u16string swapped = {0xDE00, 0xD83D};
-    EXPECT_EQ(ToUtf8(high), "a\xEF\xBF\xBD" "b");
+    EXPECT_EQ(ToUtf8(high),
+              "a\xEF\xBF\xBD"
+              "b");
     EXPECT_EQ(ToUtf8(low), "\xEF\xBF\xBD");
     EXPECT_EQ(ToUtf8(swapped), "\xEF\xBF\xBD\xEF\xBF\xBD");
 }

@@ -34,7 +34,8 @@ TEST(Utf8, EveryCharacterIsReadBackAsItWasWritten) {
 }
 
 TEST(Utf8, EveryBeginningOfACharacterIsCutAndNotInvalid) {
-    for (const char32_t code : {0x80, 0x7FF, 0x800, 0xD7FF, 0xE000, 0xFFFF, 0x10000, 0x10FFFF}) {
+    for (const char32_t code :
+         {0x80U, 0x7FFU, 0x800U, 0xD7FFU, 0xE000U, 0xFFFFU, 0x10000U, 0x10FFFFU}) {
         const std::string bytes = Written(code);
         for (std::size_t size = 1; size < bytes.size(); ++size) {
             const Utf8Character read = ReadUtf8(BytesOf(bytes).first(size));
@@ -60,7 +61,7 @@ TEST(Utf8, NoOtherSequenceOfTwoBytesIsValid) {
     for (unsigned first = 0; first < 256; ++first) {
         for (unsigned second = 0; second < 256; ++second) {
             const std::string bytes = {static_cast<char>(first), static_cast<char>(second)};
-            valid += ReadUtf8(BytesOf(bytes)).Length == 2 ? 1 : 0;
+            valid += ReadUtf8(BytesOf(bytes)).Length == 2 ? 1U : 0U;
         }
     }
     EXPECT_EQ(valid, 0x800U - 0x80U);
@@ -101,7 +102,7 @@ TEST(FirstBeyondAscii, FindsTheByteAtEveryPlace) {
 }
 
 TEST(Surrogates, APairIsTakenApartAndPutTogether) {
-    for (const char32_t code : {0x10000, 0x103FF, 0x10400, 0x1F600, 0x10FFFF}) {
+    for (const char32_t code : {0x10000U, 0x103FFU, 0x10400U, 0x1F600U, 0x10FFFFU}) {
         EXPECT_TRUE(IsHighSurrogate(HighSurrogate(code)));
         EXPECT_TRUE(IsLowSurrogate(LowSurrogate(code)));
         EXPECT_EQ(FromSurrogates(HighSurrogate(code), LowSurrogate(code)), code);

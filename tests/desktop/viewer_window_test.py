@@ -1,0 +1,121 @@
+#!/usr/bin/env python3
+"""The viewer in a real window: what it paints there, and that a user's hands reach it.
+Usage: viewer_window_test.py VIEWER, on a display with a window manager."""
+
+import os
+import subprocess
+import sys
+import time
+import unittest
+from pathlib import Path
+
+VIEWER = ""
+LINES = 100_000
+
+
+def wait_for(what, condition):
+    """The condition's first true answer; the test fails when there is none in time."""
+    give_up = time.monotonic() + 30
+    while time.monotonic() < give_up:
+        answer = condition()
+        if answer:
+            return answer
+        time.sleep(0.02)
+    raise AssertionError(f"waited in vain for {what}")
+
+
+def tool(*command):
+    ran = subprocess.run(command, check=False, capture_output=True)
+    return ran.stdout if ran.returncode == 0 else b""
+
+
+class ViewerWindow(unittest.TestCase):
+    def setUp(self):
+        self.file = Path("numbers.txt")
+        self.file.write_text("".join(f"{n:06d} is line {n} of {LINES}\n"
+                                     for n in range(1, LINES + 1)), encoding="utf-8")
+
+    def open(self, *arguments, title="numbers"):
+        environment = {name: value for name, value in os.environ.items()
+                       if name != "QT_QPA_PLATFORM"}
+        self.viewer = subprocess.Popen([VIEWER, *arguments], env=environment)
+        self.addCleanup(self.stop)
+        # With --sync, xdotool waits for as long as it takes: ask again and again instead.
+        self.window = wait_for("the window", lambda: tool(
+            "xdotool", "search", "--onlyvisible", "--name", title)).split()[0].decode()
+        wait_for("the focus", self.is_active)
+
+    def stop(self):
+        self.viewer.kill()
+        self.viewer.wait()
+
+    def is_active(self):
+        tool("xdotool", "windowactivate", self.window)
+        return tool("xdotool", "getactivewindow").strip().decode() == self.window
+
+    def rows(self):
+        """The pixels of a part of the rows, right of the blinking marker."""
+        return tool("import", "-window", self.window, "-crop", "500x300+100+150", "rgb:-")
+
+    def painted_rows(self):
+        """The pixels once something stands there and stays."""
+        def settled():
+            first = self.rows()
+            pixels = {first[i:i + 3] for i in range(0, len(first), 3)}
+            return first if len(pixels) > 1 and first == self.rows() else None
+        return wait_for("painted rows", settled)
+
+    def point_at_rows(self):
+        tool("xdotool", "mousemove", "--sync", "--window", self.window, "300", "300")
+
+    def test_the_window_shows_what_a_snapshot_shows(self):
+        subprocess.run([VIEWER, "--line", "50000", "--snapshot", "snapshot.png", str(self.file)],
+                       check=True)
+        expected = tool("convert", "snapshot.png", "-crop", "500x300+100+150", "rgb:-")
+        self.open("--line", "50000", str(self.file))
+        wait_for("the rows of the snapshot", lambda: self.rows() == expected)
+
+    def test_the_wheel_scrolls_there_and_back(self):
+        self.open(str(self.file))
+        start = self.painted_rows()
+        self.point_at_rows()
+        tool("xdotool", "click", "5")
+        wait_for("other rows", lambda: self.rows() not in (start, b""))
+        tool("xdotool", "click", "4")
+        wait_for("the first rows again", lambda: self.rows() == start)
+
+    def test_the_last_line_is_reached_with_the_scroll_bar(self):
+        subprocess.run([VIEWER, "--line", str(LINES), "--snapshot", "snapshot.png",
+                        str(self.file)], check=True)
+        last = tool("convert", "snapshot.png", "-crop", "500x300+100+150", "rgb:-")
+        self.open(str(self.file))
+        self.painted_rows()
+        size = dict(line.split("=") for line in tool(
+            "xdotool", "getwindowgeometry", "--shell", self.window).decode().split())
+        right = str(int(size["WIDTH"]) - 8)
+        # The middle button takes the thumb to where it is pressed.
+        tool("xdotool", "mousemove", "--sync", "--window", self.window, right, "300")
+        tool("xdotool", "mousedown", "2")
+        tool("xdotool", "mousemove", "--sync", "--window", self.window, right, size["HEIGHT"])
+        tool("xdotool", "mouseup", "2")
+        wait_for("the last rows", lambda: self.rows() == last)
+
+    def test_a_missing_file_is_told_in_a_message_and_the_viewer_stays(self):
+        self.open("missing.txt", title="^QuorvaleBox$")
+        wait_for("the message beside the window", lambda: len(tool(
+            "xdotool", "search", "--onlyvisible", "--name", "^QuorvaleBox$").split()) == 2)
+        tool("xdotool", "key", "Return")
+        wait_for("the window alone", lambda: len(tool(
+            "xdotool", "search", "--onlyvisible", "--name", "^QuorvaleBox$").split()) == 1)
+        self.assertIsNone(self.viewer.poll())
+
+    def test_closing_the_window_ends_the_program(self):
+        self.open(str(self.file))
+        self.painted_rows()
+        tool("xdotool", "windowquit", self.window)
+        self.assertEqual(self.viewer.wait(timeout=30), 0)
+
+
+if __name__ == "__main__":
+    VIEWER = sys.argv.pop(1)
+    unittest.main()

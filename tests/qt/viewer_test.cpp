@@ -1,0 +1,240 @@
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFile>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+
+#include <linux/capability.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "qt/conversions.h"
+#include "viewer/open_check.h"
+#include "viewer/viewer_window.h"
+
+using namespace quorvale;
+
+/// The viewer: opening files in every way there is, refusing what is none, and its pictures.
+class ViewerTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void theTitleAndTheStatusNameTheFile();
+    void aFileWithoutALineIsShown();
+    void encodingsAreToldInWords();
+    void aDroppedFileIsShown();
+    void aDroppedTextIsNotTaken();
+    void whatCannotBeOpenedIsRefusedAndTheShownFileStays_data();
+    void whatCannotBeOpenedIsRefusedAndTheShownFileStays();
+    void aFileWithoutPermissionIsRefused();
+    void refusingIsToldInAMessage();
+    void theSnapshotShowsTheLineAskedFor();
+    void theProgramRefusesWithAMessageAndOne();
+    void theProgramTellsItsVersion();
+
+private:
+    QString put(const QString& name, const QByteArray& bytes);
+    /// Runs the program; its exit code, and what it wrote.
+    int run(const QStringList& arguments, QString* written = nullptr);
+
+    QTemporaryDir folder_;
+};
+
+namespace {
+
+QString row(ViewerWindow& window, int slot) {
+    return toQString(window.control().box().Elements().lblLine[slot].Caption());
+}
+
+/// Asks in a child process to which permissions apply even if it is root's.
+template <class Question>
+bool withoutPrivileges(Question question) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+        __user_cap_data_struct none[_LINUX_CAPABILITY_U32S_3] = {};
+        const bool dropped = ::syscall(SYS_capset, &header, none) == 0;
+        ::_exit(dropped && question() ? 0 : 1);
+    }
+    int status = -1;
+    return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+void drop(QWidget& window, const QMimeData& data) {
+    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &enter);
+    if (!enter.isAccepted()) return;
+    QDropEvent event(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window, &event);
+}
+
+}  // namespace
+
+void ViewerTest::initTestCase() {
+    QVERIFY(folder_.isValid());
+    put("first.txt", "one\ntwo\nthree");
+}
+
+QString ViewerTest::put(const QString& name, const QByteArray& bytes) {
+    const QString path = folder_.filePath(name);
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly)) file.write(bytes);
+    return path;
+}
+
+int ViewerTest::run(const QStringList& arguments, QString* written) {
+    QProcess viewer;
+    viewer.setProcessChannelMode(QProcess::MergedChannels);
+    viewer.start(QUORVALE_VIEWER_PROGRAM, arguments);
+    if (!viewer.waitForFinished(60'000)) return -1;
+    if (written != nullptr) *written = QString::fromUtf8(viewer.readAll());
+    return viewer.exitCode();
+}
+
+void ViewerTest::theTitleAndTheStatusNameTheFile() {
+    ViewerWindow window;
+    QCOMPARE(window.windowTitle(), QString("QuorvaleBox"));
+    QCOMPARE(window.openFile(folder_.filePath("first.txt")), QString());
+    QCOMPARE(window.windowTitle(), QString::fromUtf8("first.txt \xE2\x80\x94 QuorvaleBox"));
+    QVERIFY2(window.statusText().startsWith("3 lines, 13 bytes"), qPrintable(window.statusText()));
+    QCOMPARE(row(window, 0), QString("one"));
+    QCOMPARE(row(window, 2), QString("three"));
+}
+
+void ViewerTest::aFileWithoutALineIsShown() {
+    ViewerWindow window;
+    window.openFile(folder_.filePath("first.txt"));
+    QCOMPARE(window.openFile(put("empty.txt", "")), QString());
+    QCOMPARE(row(window, 0), QString());
+    QVERIFY(window.statusText().startsWith("1 lines, 0 bytes"));
+}
+
+void ViewerTest::encodingsAreToldInWords() {
+    ViewerWindow window;
+    window.openFile(put("utf8.txt", "caf\xC3\xA9\n"));
+    QVERIFY(window.statusText().endsWith("UTF-8"));
+    QCOMPARE(row(window, 0), QString::fromUtf8("caf\xC3\xA9"));
+    window.openFile(put("bytes.txt", "caf\xE9\n"));
+    QVERIFY(window.statusText().endsWith("one byte per character"));
+    QCOMPARE(row(window, 0), QString::fromUtf8("caf\xC3\xA9"));
+}
+
+void ViewerTest::aDroppedFileIsShown() {
+    ViewerWindow window;
+    window.show();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(folder_.filePath("first.txt"))});
+    drop(window, data);
+    QCOMPARE(row(window, 1), QString("two"));
+}
+
+void ViewerTest::aDroppedTextIsNotTaken() {
+    ViewerWindow window;
+    window.openFile(folder_.filePath("first.txt"));
+    QMimeData data;
+    data.setText("words");
+    drop(window, data);
+    QMimeData several;
+    several.setUrls({QUrl::fromLocalFile("/a"), QUrl::fromLocalFile("/b")});
+    drop(window, several);
+    QCOMPARE(row(window, 1), QString("two"));
+}
+
+void ViewerTest::whatCannotBeOpenedIsRefusedAndTheShownFileStays_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("reason");
+    const QString fifo = folder_.filePath("fifo");
+    QCOMPARE(::mkfifo(fifo.toLocal8Bit().constData(), 0600), 0);
+    const QString link = folder_.filePath("dangling");
+    QVERIFY(QFile::link(folder_.filePath("nowhere"), link));
+    const QString huge = put("huge", "");
+    QVERIFY(QFile::resize(huge, (qint64{1} << 31) + 1));
+    QTest::newRow("missing") << folder_.filePath("missing") << "There is no such file.";
+    QTest::newRow("empty name") << QString() << "There is no such file.";
+    QTest::newRow("dangling link") << link << "There is no such file.";
+    QTest::newRow("directory") << folder_.path() << "It is a directory.";
+    QTest::newRow("pipe") << fifo << "It is a device or a pipe, not a file.";
+    QTest::newRow("device") << "/dev/zero"
+                            << "It is a device or a pipe, not a file.";
+    QTest::newRow("too large") << huge << "It is larger than 2 GiB.";
+}
+
+void ViewerTest::whatCannotBeOpenedIsRefusedAndTheShownFileStays() {
+    QFETCH(QString, name);
+    QFETCH(QString, reason);
+    ViewerWindow window;
+    window.openFile(folder_.filePath("first.txt"));
+    const QString told = window.openFile(name);
+    QVERIFY2(told.endsWith(reason), qPrintable(told));
+    QVERIFY(told.contains(name));
+    QCOMPARE(row(window, 1), QString("two"));
+    QVERIFY(window.windowTitle().startsWith("first.txt"));
+}
+
+void ViewerTest::aFileWithoutPermissionIsRefused() {
+    const QString name = put("secret.txt", "secret");
+    QVERIFY(QFile::setPermissions(name, QFileDevice::Permissions()));
+    QCOMPARE(withoutPrivileges([&] {
+                 return whyNotOpenable(name).endsWith("You do not have permission to read it.");
+             }),
+             true);
+    QVERIFY(QFile::setPermissions(name, QFileDevice::ReadOwner | QFileDevice::WriteOwner));
+    QCOMPARE(withoutPrivileges([&] { return whyNotOpenable(name).isEmpty(); }), true);
+}
+
+void ViewerTest::refusingIsToldInAMessage() {
+    ViewerWindow window;
+    window.show();
+    window.openOrTell(folder_.filePath("missing"));
+    auto* box = window.findChild<QMessageBox*>();
+    QVERIFY(box != nullptr && box->isVisible());
+    QVERIFY(box->text().endsWith("There is no such file."));
+    box->close();
+}
+
+void ViewerTest::theSnapshotShowsTheLineAskedFor() {
+    QByteArray lines;
+    for (int i = 1; i <= 50'000; ++i) lines += i % 2 == 0 ? "x\n" : "\n";
+    const QString file = put("many.txt", lines);
+    const QString picture = folder_.filePath("shown.png");
+    QString written;
+    QCOMPARE(run({"--snapshot", picture, "--line", "30000", file}, &written), 0);
+    QCOMPARE(written, QString());
+    const QImage shown(picture);
+    QVERIFY(shown.width() >= 1000 && shown.height() >= 700);
+    const QString start = folder_.filePath("start.png");
+    QCOMPARE(run({"--snapshot", start, file}), 0);
+    QVERIFY(QImage(start) != shown);
+}
+
+void ViewerTest::theProgramRefusesWithAMessageAndOne() {
+    QString written;
+    const QString picture = folder_.filePath("none.png");
+    QCOMPARE(run({"--snapshot", picture, folder_.filePath("missing")}, &written), 1);
+    QVERIFY(written.contains("There is no such file."));
+    QVERIFY(!QFile::exists(picture));
+    const QString first = folder_.filePath("first.txt");
+    QCOMPARE(run({"--snapshot", "/nowhere/at/all.png", first}, &written), 1);
+    QVERIFY(written.contains("cannot be written"));
+    QCOMPARE(run({"--line", "many", "--snapshot", picture, first}, &written), 1);
+    QVERIFY(written.contains("not a line number"));
+    QCOMPARE(run({"--snapshot", picture, first, first}, &written), 1);
+}
+
+void ViewerTest::theProgramTellsItsVersion() {
+    QString written;
+    QCOMPARE(run({"--version"}, &written), 0);
+    QVERIFY(written.startsWith("quorvale-viewer 0."));
+    QCOMPARE(run({"--help"}, &written), 0);
+    QVERIFY(written.contains("--snapshot"));
+}
+
+QTEST_MAIN(ViewerTest)
+#include "viewer_test.moc"

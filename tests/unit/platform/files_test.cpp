@@ -1,0 +1,110 @@
+#include "platform/files.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace quorvale {
+namespace {
+
+using namespace std::string_literals;
+
+std::string ReadAll(ReadStream& stream, std::size_t step) {
+    std::string all;
+    while (true) {
+        std::string piece(step, '?');
+        auto got = stream.Read(reinterpret_cast<std::byte*>(piece.data()), step);
+        if (!got) return all + "<" + got.Failure().Reason + ">";
+        if (*got == 0) return all;
+        all += piece.substr(0, *got);
+    }
+}
+
+TEST(MemoryFiles, AFileIsReadInPiecesOfAnySize) {
+    MemoryFiles files;
+    files.Put(u"a.txt", "one\r\n\0two"s);
+    for (const std::size_t step : {1U, 3U, 100U}) {
+        auto stream = files.OpenForReading(u"a.txt");
+        ASSERT_TRUE(stream);
+        EXPECT_EQ((*stream)->Size(), 9U);
+        EXPECT_EQ(ReadAll(**stream, step), "one\r\n\0two"s);
+    }
+}
+
+TEST(MemoryFiles, AnEmptyFileHasNothingToRead) {
+    MemoryFiles files;
+    files.Put(u"empty", "");
+    auto stream = files.OpenForReading(u"empty");
+    ASSERT_TRUE(stream);
+    EXPECT_EQ((*stream)->Size(), 0U);
+    EXPECT_EQ(ReadAll(**stream, 10), "");
+    EXPECT_EQ(*(*stream)->Read(nullptr, 0), 0U);
+}
+
+TEST(MemoryFiles, AMissingNameFailsAndSaysWhichAndWhy) {
+    MemoryFiles files;
+    files.Put(u"a", "x");
+    files.Remove(u"a");
+    files.Remove(u"never there");
+    auto stream = files.OpenForReading(u"a");
+    ASSERT_FALSE(stream);
+    EXPECT_EQ(stream.Failure().Operation, "open");
+    EXPECT_EQ(stream.Failure().Name, u"a");
+    EXPECT_EQ(stream.Failure().Reason, "No such file or directory");
+}
+
+TEST(MemoryFiles, AnOpenStreamKeepsWhatItOpened) {
+    MemoryFiles files;
+    files.Put(u"a", "first");
+    auto stream = files.OpenForReading(u"a");
+    files.Put(u"a", "second");
+    EXPECT_EQ(ReadAll(**stream, 100), "first");
+    stream = files.OpenForReading(u"a");
+    files.Remove(u"a");
+    EXPECT_EQ(ReadAll(**stream, 100), "second");
+}
+
+TEST(FailingFiles, HandsThroughWhenNothingIsToFail) {
+    MemoryFiles files;
+    files.Put(u"a", "text");
+    FailingFiles failing(files);
+    auto stream = failing.OpenForReading(u"a");
+    ASSERT_TRUE(stream);
+    EXPECT_EQ((*stream)->Size(), 4U);
+    EXPECT_EQ(ReadAll(**stream, 3), "text");
+    EXPECT_FALSE(failing.OpenForReading(u"b"));
+}
+
+TEST(FailingFiles, OpeningFails) {
+    MemoryFiles files;
+    files.Put(u"a", "text");
+    FailingFiles failing(files);
+    failing.FailOpen = true;
+    auto stream = failing.OpenForReading(u"a");
+    ASSERT_FALSE(stream);
+    EXPECT_EQ(stream.Failure().Operation, "open");
+    EXPECT_EQ(stream.Failure().Name, u"a");
+    EXPECT_FALSE(stream.Failure().Reason.empty());
+}
+
+TEST(FailingFiles, TheChosenReadFailsInEveryStream) {
+    MemoryFiles files;
+    files.Put(u"a", "text");
+    FailingFiles failing(files);
+    failing.FailRead = 2;
+    for (int round = 0; round < 2; ++round) {
+        auto stream = failing.OpenForReading(u"a");
+        ASSERT_TRUE(stream);
+        EXPECT_EQ((*stream)->Size(), 4U);
+        EXPECT_EQ(ReadAll(**stream, 3), "tex<Reading was made to fail>");
+    }
+    failing.FailRead = 1;
+    auto stream = failing.OpenForReading(u"a");
+    auto got = (*stream)->Read(nullptr, 0);
+    ASSERT_FALSE(got);
+    EXPECT_EQ(got.Failure().Operation, "read");
+    EXPECT_EQ(got.Failure().Name, u"a");
+}
+
+}  // namespace
+}  // namespace quorvale
