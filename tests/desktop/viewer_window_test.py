@@ -11,6 +11,7 @@ from pathlib import Path
 
 VIEWER = ""
 LINES = 100_000
+PART_OF_ROWS = ("-crop", "500x300+100+150", "-depth", "8", "rgb:-")
 
 
 def wait_for(what, condition):
@@ -40,22 +41,31 @@ class ViewerWindow(unittest.TestCase):
                        if name != "QT_QPA_PLATFORM"}
         self.viewer = subprocess.Popen([VIEWER, *arguments], env=environment)
         self.addCleanup(self.stop)
-        # With --sync, xdotool waits for as long as it takes: ask again and again instead.
-        self.window = wait_for("the window", lambda: tool(
-            "xdotool", "search", "--onlyvisible", "--name", title)).split()[0].decode()
-        wait_for("the focus", self.is_active)
+        self.window = wait_for("the window", lambda: self.windows(title))[0]
+
+    def windows(self, title):
+        return tool("xdotool", "search", "--onlyvisible", "--name", title).decode().split()
+
+    def activate(self):
+        """The window gets the keys."""
+        def is_active():
+            tool("xdotool", "windowactivate", self.window)
+            return tool("xdotool", "getactivewindow").strip().decode() == self.window
+        wait_for("the focus", is_active)
 
     def stop(self):
         self.viewer.kill()
         self.viewer.wait()
 
-    def is_active(self):
-        tool("xdotool", "windowactivate", self.window)
-        return tool("xdotool", "getactivewindow").strip().decode() == self.window
-
     def rows(self):
         """The pixels of a part of the rows, right of the blinking marker."""
-        return tool("import", "-window", self.window, "-crop", "500x300+100+150", "rgb:-")
+        return tool("import", "-window", self.window, *PART_OF_ROWS)
+
+    def rows_at(self, line):
+        """The same part of a picture that the viewer renders with the line in sight."""
+        subprocess.run([VIEWER, "--line", str(line), "--snapshot", "snapshot.png",
+                        str(self.file)], check=True)
+        return tool("convert", "snapshot.png", *PART_OF_ROWS)
 
     def painted_rows(self):
         """The pixels once something stands there and stays."""
@@ -69,9 +79,7 @@ class ViewerWindow(unittest.TestCase):
         tool("xdotool", "mousemove", "--sync", "--window", self.window, "300", "300")
 
     def test_the_window_shows_what_a_snapshot_shows(self):
-        subprocess.run([VIEWER, "--line", "50000", "--snapshot", "snapshot.png", str(self.file)],
-                       check=True)
-        expected = tool("convert", "snapshot.png", "-crop", "500x300+100+150", "rgb:-")
+        expected = self.rows_at(50000)
         self.open("--line", "50000", str(self.file))
         wait_for("the rows of the snapshot", lambda: self.rows() == expected)
 
@@ -85,9 +93,8 @@ class ViewerWindow(unittest.TestCase):
         wait_for("the first rows again", lambda: self.rows() == start)
 
     def test_the_last_line_is_reached_with_the_scroll_bar(self):
-        subprocess.run([VIEWER, "--line", str(LINES), "--snapshot", "snapshot.png",
-                        str(self.file)], check=True)
-        last = tool("convert", "snapshot.png", "-crop", "500x300+100+150", "rgb:-")
+        # The line break at the end of the file begins one more, empty line.
+        last = self.rows_at(LINES + 1)
         self.open(str(self.file))
         self.painted_rows()
         size = dict(line.split("=") for line in tool(
@@ -102,17 +109,16 @@ class ViewerWindow(unittest.TestCase):
 
     def test_a_missing_file_is_told_in_a_message_and_the_viewer_stays(self):
         self.open("missing.txt", title="^QuorvaleBox$")
-        wait_for("the message beside the window", lambda: len(tool(
-            "xdotool", "search", "--onlyvisible", "--name", "^QuorvaleBox$").split()) == 2)
-        tool("xdotool", "key", "Return")
-        wait_for("the window alone", lambda: len(tool(
-            "xdotool", "search", "--onlyvisible", "--name", "^QuorvaleBox$").split()) == 1)
+        wait_for("the message beside it", lambda: len(self.windows("^QuorvaleBox$")) == 2)
+        wait_for("the message to close", lambda: tool("xdotool", "key", "Return") == b"" and
+                 len(self.windows("^QuorvaleBox$")) == 1)
         self.assertIsNone(self.viewer.poll())
 
     def test_closing_the_window_ends_the_program(self):
         self.open(str(self.file))
         self.painted_rows()
-        tool("xdotool", "windowquit", self.window)
+        self.activate()
+        tool("xdotool", "key", "alt+F4")
         self.assertEqual(self.viewer.wait(timeout=30), 0)
 
 

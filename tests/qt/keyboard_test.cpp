@@ -126,7 +126,9 @@ void KeyboardTest::ownKeysStayAndOthersGoOn() {
     window.log.clear();
     QTest::keyClick(&window.rows(), Qt::Key_Down);
     QTest::keyClick(&window.rows(), Qt::Key_A, Qt::ControlModifier);
-    QVERIFY(window.log.filter("window").isEmpty());
+    const QString control = QString("window %1").arg(Qt::Key_Control);
+    window.log.removeAll(control);
+    QCOMPARE(window.log.filter("window"), QStringList());
     QTest::keyClick(&window.rows(), Qt::Key_Escape);
     QCOMPARE(window.log.filter("window"), QStringList{QString("window %1").arg(Qt::Key_Escape)});
 }

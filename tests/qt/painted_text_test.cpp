@@ -56,7 +56,7 @@ void PaintedTextTest::everyCharacterStandsWhereItWasMeasured_data() {
 void PaintedTextTest::everyCharacterStandsWhereItWasMeasured() {
     QFETCH(QString, font);
     QFETCH(double, size);
-    ShownBox shown(QSize(900, 200));
+    ShownBox shown(QSize(1000, 200));
     const Font face{toUtf16(font), size};
     shown.box().Font(face);
     shown.load(ruler("       ", 10));

@@ -13,7 +13,7 @@ std::u16string WideText() { return Times(200) + u"\r\n" + Doc(99, 'M'); }
 
 bool IsOnScreen(HeadlessBox& box, std::int32_t line) { return box->RowTop(line) >= 0; }
 
-/// Shows nothing of the rows that were painted last.
+/// Fills the rows anew.
 void Repaint(HeadlessBox& box) {
     box->AutoRedraw(false);
     box->AutoRedraw(true);
