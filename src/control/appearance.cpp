@@ -1,6 +1,6 @@
 #include "control/appearance.h"
 
-#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "control/control_parts.h"
@@ -35,12 +35,13 @@ void Appearance::SetBorderColor(Colour colour) {
 
 void Appearance::SetLeftBorderWidth(float& width) {
     constexpr Twips edge = 15;
-    width = std::max(width, 0.0F);
+    if (!(width >= 0) || std::isinf(width)) width = 0;
     Surface& surface = parts_.Elements;
     if (surface.picBorder.Width() == static_cast<Twips>(width)) return;
     surface.picBorder.SetWidth(static_cast<Twips>(width));
     for (Image& image : surface.imgLine) image.SetWidth(surface.picBorder.Width() - edge);
     parts_.Layout.LayoutView();
+    parts_.Fill.FillRows();
     Report(u"LeftBorderWidth");
 }
 

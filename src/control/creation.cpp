@@ -17,9 +17,9 @@ constexpr Twips searchBoxRoom = 2000;
 constexpr Twips lineBoxRoom = 1000;
 
 PicturePtr MakePicture(std::string_view set, const PictureData& data) {
-    return std::make_shared<const SvgPicture>(
-        std::string(set) + "/" + std::string(data.Key), std::string(data.Svg),
-        data.Width * twipsPerPixel, data.Height * twipsPerPixel);
+    return std::make_shared<const SvgPicture>(std::string(set) + "/" + std::string(data.Key),
+                                              std::string(data.Svg), data.Width * twipsPerPixel,
+                                              data.Height * twipsPerPixel);
 }
 
 void CreatePictures(Surface& surface) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <new>
+#include <stdexcept>
 #include <utility>
 
 #include "base/errors.h"
@@ -26,14 +28,27 @@ private:
     std::shared_ptr<ControlParts> parts_;
 };
 
+/// Runs what may fail with the control's own errors or for want of memory; false when it did. What
+/// a host throws is the host's.
+template <class Action>
+bool Trapped(Action action) {
+    try {
+        action();
+        return true;
+    } catch (const ControlError&) {
+    } catch (const std::bad_alloc&) {
+    } catch (const std::length_error&) {
+    }
+    return false;
+}
+
 /// After an action was given up in its middle: the screen shows the data as they are now.
 inline void ShowWhatIs(const Frame& frame) {
-    try {
+    Trapped([&] {
         frame->Fill.FillRows();
         frame->Layout.LayoutView();
         frame->Caret.PlaceMarker();
-    } catch (const ControlError&) {
-    }
+    });
 }
 
 /// Runs what a user has set off. Where the user's action is the outermost frame its failure ends
@@ -42,11 +57,7 @@ template <class Action>
 void RunUserAction(ControlParts& parts, Action action) {
     const Frame frame(parts.shared_from_this());
     if (!frame.Outermost()) return action();
-    try {
-        action();
-    } catch (const ControlError&) {
-        ShowWhatIs(frame);
-    }
+    if (!Trapped(action)) ShowWhatIs(frame);
 }
 
 }  // namespace quorvale

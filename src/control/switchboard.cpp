@@ -18,18 +18,15 @@ void Switchboard::ShowFromStart() { parts_.FreshView.ShowFromStart(); }
 
 void Switchboard::SetTopLine(Line line) { parts_.Scrolling.SetTopLine(line); }
 
-void Switchboard::SettleScrolling() {
-    parts_.Scrolling.SettleTopLine();
-    parts_.RowShift.HorizontalChanged();
-}
+void Switchboard::SettleTopLine() { parts_.Scrolling.SettleTopLine(); }
+
+void Switchboard::SettleRowShift() { parts_.RowShift.HorizontalChanged(); }
 
 void Switchboard::RevealLine(Line line, std::int32_t col) { parts_.Reveal.RevealLine(line, col); }
 
 void Switchboard::SetRow(Line row) { parts_.Caret.SetRow(row); }
 
 void Switchboard::PlaceCaret() { parts_.Caret.PlaceCaret(); }
-
-void Switchboard::PlaceCaretAtStart() { parts_.Caret.PlaceCaretAtStart(); }
 
 void Switchboard::PlaceMarker() { parts_.Caret.PlaceMarker(); }
 

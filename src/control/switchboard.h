@@ -48,11 +48,11 @@ public:
 
     // Moving over the document.
     void SetTopLine(Line line) override;
-    void SettleScrolling() override;
+    void SettleTopLine() override;
+    void SettleRowShift() override;
     void RevealLine(Line line, std::int32_t col) override;
     void SetRow(Line row) override;
     void PlaceCaret() override;
-    void PlaceCaretAtStart() override;
     void PlaceMarker() override;
     void SettleCaret() override;
     void CaretMoved() override;

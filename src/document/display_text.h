@@ -1,16 +1,21 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
+
+#include "base/integers.h"
 
 namespace quorvale {
 
 /// The distance of tab stops, in columns.
 inline constexpr int tabWidth = 8;
 
-/// The column after a character that stands at `column`, both counted from 0.
+/// The column after a character that stands at `column`, both counted from 0. Overflow beyond 32
+/// bits.
 constexpr std::int32_t ColumnAfter(std::int32_t column, char16_t character) {
+    if (column > std::numeric_limits<std::int32_t>::max() - tabWidth) RaiseOverflow("column");
     return character == u'\t' ? (column / tabWidth + 1) * tabWidth : column + 1;
 }
 

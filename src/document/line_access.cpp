@@ -37,13 +37,15 @@ SharedText LineAccess::TextOf(Line line) {
 
 SharedText LineAccess::ExpandedText(Line line) {
     ForgetStale();
-    if (line == expandedLine_) return expanded_;
-    SharedText text(ExpandTabs(RawLineText(line)));
-    Measure(text.View());
-    if (text.View().size() >= longLine) {
-        expandedLine_ = line;
-        expanded_ = text;
+    if (line == expanded_.Of) {
+        NoteWidth(expanded_.Width);
+        return expanded_.Text;
     }
+    std::u16string raw = ExpandTabs(RawLineText(line));
+    SharedText text(raw);
+    // As wide as the row will be that shows it.
+    const std::optional<Twips> width = Measure(MarkControlChars(std::move(raw)));
+    if (width && text.View().size() >= longLine) expanded_ = {line, text, *width};
     return text;
 }
 
@@ -74,14 +76,7 @@ SharedText LineAccess::DisplayText(Line line) {
 }
 
 SharedText LineAccess::KeepLong(Line line, SharedText display) {
-    Twips width = 0;
-    try {
-        width = metrics_.Width(display.View(), surface_.UserControl.Font());
-    } catch (const ControlError&) {
-        return display;
-    }
-    NoteWidth(width);
-    longLines_[line] = {display, width, true};
+    if (const auto width = Measure(display.View())) longLines_[line] = {display, *width, true};
     return display;
 }
 
@@ -89,7 +84,6 @@ void LineAccess::ForgetStale() {
     const Font& font = surface_.UserControl.Font();
     if (longLinesOf_ == document_.Generation && longLinesFont_ == font) return;
     longLines_.clear();
-    expandedLine_ = Line{0};
     expanded_ = {};
     measured_ = {};
     longLinesOf_ = document_.Generation;
@@ -105,10 +99,13 @@ void LineAccess::EndFill() {
 }
 
 // A line that cannot be measured is shown all the same.
-void LineAccess::Measure(std::u16string_view display) {
+std::optional<Twips> LineAccess::Measure(std::u16string_view display) {
     try {
-        NoteWidth(metrics_.Width(display, surface_.UserControl.Font()));
+        const Twips width = metrics_.Width(display, surface_.UserControl.Font());
+        NoteWidth(width);
+        return width;
     } catch (const ControlError&) {
+        return std::nullopt;
     }
 }
 

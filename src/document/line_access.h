@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 
 #include "base/ordinals.h"
@@ -53,6 +54,12 @@ private:
     };
 
     void ForgetStale();
+    struct Expanded {
+        Line Of;
+        SharedText Text;
+        Twips Width = 0;
+    };
+
     /// The place along a long line that was measured last: a caret stays there while rows move.
     struct Measured {
         SharedText Text;
@@ -63,7 +70,7 @@ private:
 
     SharedText ExpandedText(Line line);
     SharedText KeepLong(Line line, SharedText display);
-    void Measure(std::u16string_view display);
+    std::optional<Twips> Measure(std::u16string_view display);
     void NoteWidth(Twips textWidth);
 
     DocumentState& document_;
@@ -75,8 +82,7 @@ private:
     std::uint64_t longLinesOf_ = 0;
     Font longLinesFont_;
     /// The long line that was last read off screen.
-    Line expandedLine_;
-    SharedText expanded_;
+    Expanded expanded_;
     mutable Measured measured_;
 };
 

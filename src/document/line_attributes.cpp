@@ -41,9 +41,11 @@ Variant LineAttributes::Image(Line line) const {
 
 void LineAttributes::SetImage(Line line, Variant image) {
     if (!document_.IsLine(line)) return;
-    const PicturePtr picture = FindLinePicture(appearance_, image);
     document_.Table.Images.Set(line.Number(), std::move(image));
-    if (const auto slot = PaintableSlot(line)) surface_.imgLine[*slot].SetPicture(picture);
+    const auto slot = PaintableSlot(line);
+    if (!slot) return;
+    const Variant& stored = document_.Table.Images.Get(line.Number());
+    surface_.imgLine[*slot].SetPicture(FindLinePicture(appearance_, stored));
 }
 
 }  // namespace quorvale

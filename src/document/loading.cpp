@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <exception>
-#include <new>
 #include <utility>
 
 #include "base/errors.h"
@@ -56,11 +55,13 @@ void DocumentLoading::SetText(std::u16string_view text) {
 LoadedText DocumentLoading::ReadWhole(const std::u16string& fileName) {
     auto stream = files_.OpenForReading(fileName);
     if (!stream) RaiseFileFailure(stream.Failure());
+    if (*stream == nullptr) RaiseFileFailure({"open", fileName, "there is no stream"});
     // The old document goes first: two of a gigabyte side by side are too much. If reading fails
     // it would be replaced all the same.
     document_.Text = {};
     document_.Table = {};
     document_.LineSlots = 0;
+    document_.FileName.clear();
     return ReadText(**stream, options_.Encoding, memory_);
 }
 
@@ -77,6 +78,10 @@ void DocumentLoading::Replace(LoadedText loaded) {
 
 void DocumentLoading::BuildTable(LoadedText loaded) {
     const std::int32_t slots = loaded.Starts.Count();
+    // What can fail comes first.
+    const std::int16_t scale = options_.WideScrollBars
+                                   ? std::int16_t{1}
+                                   : CheckedCast<std::int16_t>(slots / linesPerScrollScale + 1);
     const Box& control = surface_.UserControl;
     document_.Text = std::move(loaded.Text);
     document_.Table.Starts = std::move(loaded.Starts);
@@ -86,9 +91,7 @@ void DocumentLoading::BuildTable(LoadedText loaded) {
     document_.Table.HiddenDepth.Reset(slots, 0);
     document_.ReadAs = loaded.Used;
     document_.LineSlots = slots;
-    document_.ScrollScale = options_.WideScrollBars
-                                ? std::int16_t{1}
-                                : CheckedCast<std::int16_t>(slots / linesPerScrollScale + 1);
+    document_.ScrollScale = scale;
     document_.WidestLineWidth = 0;
     ++document_.Generation;
 }

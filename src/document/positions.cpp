@@ -31,7 +31,7 @@ Line LineOf(const DocumentState& document, std::int32_t position) {
 }  // namespace
 
 std::int32_t OffsetOfCaret(const DocumentState& document, RowCol caret) {
-    if (caret.Row < Line{1}) return 0;
+    if (caret.Row < Line{1} || document.LineSlots == 0) return 0;
     if (caret.Row >= document.Sentinel()) return document.Text.Length() - 1;
     const std::int64_t start = document.Table.Starts[caret.Row.Number()];
     const std::int64_t last = start + caret.Col;

@@ -104,6 +104,7 @@ private:
             auto* const to = reinterpret_cast<std::byte*>(builder_.Bytes() + length_);
             auto got = stream_.Read(to, wanted);
             if (!got) RaiseFileFailure(got.Failure());
+            if (*got > wanted) RaiseFileFailure({"read", {}, "more came than was asked for"});
             if (*got == 0) return;
             const std::size_t from = length_;
             length_ += *got;

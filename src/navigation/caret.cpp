@@ -74,12 +74,6 @@ void Caret::CaretMoved() {
     peers_.PaintRowColours();
 }
 
-void Caret::PlaceCaretAtStart() {
-    navigation_.CaretRow = Line{1};
-    navigation_.CaretCol = 1;
-    PlaceCaret();
-}
-
 void Caret::PlaceMarker() {
     if (document_.LineSlots == 0 || view_.Suspended()) return;
     const auto slot = FindRowSlot(surface_, view_, navigation_.CaretRow);
@@ -112,7 +106,10 @@ void Caret::UpdateSelection() {
         return;
     }
     const Line caret = navigation_.CaretRow;
+    const std::uint64_t meant = document_.Generation;
     if (caret < document_.Sentinel() && document_.IsHidden(caret + 1)) peers_.ExpandAt(caret);
+    // A host that heard of it may have put another document in place: nothing is selected there.
+    if (document_.Generation != meant) return;
     const std::int32_t distance = navigation_.SelectionAnchor - navigation_.CaretRow;
     navigation_.SelectedRowsCount = distance < 0 ? distance - 1 : distance + 1;
     navigation_.ExtendSelection = false;

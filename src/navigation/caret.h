@@ -56,8 +56,6 @@ public:
     void PlaceCaretMarker(Line row, std::int32_t col, Twips& x);
     /// The same for the place where the caret is; the kept place along the line stays.
     void PlaceCaret();
-    /// Caret to the start of a new document, without telling anybody.
-    void PlaceCaretAtStart();
     /// Lays the picture over the caret's row; no clamping, no box, no events.
     void PlaceMarker();
     /// The caret's row is shown: a fold that was made while painting was suspended may hide it.

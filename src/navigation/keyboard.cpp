@@ -94,7 +94,9 @@ void Keyboard::Page(bool down, bool ctrl) {
 
 // One more than there are lines: the count reaches up past the first one, to the line 0.
 void Keyboard::SelectAll() {
+    const std::uint64_t meant = document_.Generation;
     caret_.SetRow(document_.Sentinel());
+    if (document_.Generation != meant) return;
     navigation_.SelectedRowsCount = -document_.LineSlots;
     peers_.PaintRowColours();
 }

@@ -77,7 +77,9 @@ void Reveal::ShiftTo(Line line, std::int32_t col) {
         return;
     }
     const SharedText text = lines_.TextOf(line);
+    const std::uint64_t meant = document_.Generation;
     LayoutIfGrown();
+    if (document_.Generation != meant) return;
     const double place = RoundHalfEven(lines_.WidthBefore(text, col));
     const Twips from = HorizontalPlace(bar, view_);
     const Twips seen = bar.Width() - view_.TextLeftMargin - surface_.picBorder.Width();

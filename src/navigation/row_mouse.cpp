@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "base/integers.h"
 #include "document/visible_lines.h"
@@ -79,12 +80,15 @@ void RowMouse::Drag(int pressed, const MouseEvent& event) {
 // One visible line per move of the mouse, so that a fold is stepped over like one line.
 void RowMouse::DragBeyond(bool above) {
     const Line top = navigation_.TopLine;
+    const std::uint64_t meant = document_.Generation;
     if (above) {
         peers_.SetTopLine(top > Line{1} ? PreviousVisibleLine(document_, top) : top - 1);
-        return ExtendTo(navigation_.TopLine, 0);
+        if (document_.Generation == meant) ExtendTo(navigation_.TopLine, 0);
+        return;
     }
     if (top + view_.RowsPerView >= document_.Sentinel()) return;
     peers_.SetTopLine(NextVisibleLine(document_, top));
+    if (document_.Generation != meant) return;
     const Line lowest = SlotLine(surface_, std::max(view_.RowsPerView - 1, 0));
     ExtendTo(document_.IsLine(lowest) ? lowest : navigation_.TopLine + (view_.RowsPerView - 1), 0);
 }
@@ -106,9 +110,18 @@ void RowMouse::RowDoubleClicked(int slot) {
     if (document_.LineSlots > 0) {
         const Line row = SlotLine(surface_, slot);
         navigation_.CaretRow = std::max(std::min(row, document_.LastLine()), Line{1});
+        DropEndlessSelection();
     }
     surface_.imgMarker.SetVisible(true);
     peers_.RaiseDblClick();
+}
+
+// A selection that reached to the greatest number from another row would leave it from this one,
+// and every repaint would fail.
+void RowMouse::DropEndlessSelection() {
+    const std::int64_t end =
+        std::int64_t{navigation_.CaretRow.Number()} + navigation_.SelectedRowsCount;
+    if (!std::in_range<std::int32_t>(end)) navigation_.SelectedRowsCount = 0;
 }
 
 void RowMouse::LineImageClicked(int slot) { peers_.RaiseImageClick(SlotLine(surface_, slot)); }

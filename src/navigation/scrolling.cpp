@@ -4,6 +4,7 @@
 
 #include "base/integers.h"
 #include "document/visible_lines.h"
+#include "state/vertical_value.h"
 
 namespace quorvale {
 
@@ -32,11 +33,20 @@ Line Scrolling::AimedLine() const {
     return Line{line};
 }
 
+/// A thumb that is let go where it began leaves the view where it is, also between two steps.
+bool Scrolling::StandsAtTopLine() const {
+    return document_.ScrollScale > 1 &&
+           surface_.scrVert.Value() ==
+               VerticalValue(surface_, document_, view_, navigation_.TopLine);
+}
+
 void Scrolling::VerticalChanged() {
     if (view_.LayoutInProgress) return;
-    const Line aimed = AimedLine();
-    SetTopLine(aimed <= navigation_.TopLine ? VisibleAtOrAbove(document_, aimed)
-                                            : NextVisibleLine(document_, aimed - 1));
+    if (!StandsAtTopLine()) {
+        const Line aimed = AimedLine();
+        SetTopLine(aimed <= navigation_.TopLine ? VisibleAtOrAbove(document_, aimed)
+                                                : NextVisibleLine(document_, aimed - 1));
+    }
     surface_.lblScrollTip.SetVisible(false);
 }
 

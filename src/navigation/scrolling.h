@@ -43,6 +43,7 @@ public:
     void SettleTopLine();
 
 private:
+    bool StandsAtTopLine() const;
     Line AimedLine() const;
     std::int32_t LastTopLine() const;
 

@@ -16,8 +16,8 @@ public:
     /// bytes stay in place. Never fails.
     virtual void Trim(std::size_t keep) = 0;
 
-    /// Gives the pages that lie whole in the `size` bytes from `from` on back to the system where it
-    /// can. What they held is lost; the place can be written again. Never fails.
+    /// Gives the pages that lie whole in the `size` bytes from `from` on back to the system where
+    /// it can. What they held is lost; the place can be written again. Never fails.
     virtual void Discard(std::size_t from, std::size_t size) = 0;
 };
 

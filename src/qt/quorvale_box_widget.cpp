@@ -18,6 +18,8 @@ QuorvaleBoxWidget::QuorvaleBoxWidget(QWidget* parent)
       events_(std::make_unique<EventRelay>(*this)) {
     link_->attach(std::make_shared<QuorvaleBox>(widgetServices(*this, faces_)));
     surface_ = std::make_unique<LiveSurface>(link_, faces_, *this);
+    // Text and bars run from the left on every desktop.
+    setLayoutDirection(Qt::LeftToRight);
     setFocusProxy(&surface_->rows());
     fitToolbar();
     box().SetEvents(events_.get());

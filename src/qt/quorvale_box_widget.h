@@ -13,7 +13,8 @@ class FontFaces;
 class LiveSurface;
 
 /// The control as a widget: shows one large text file as rows, with toolbar and scroll bars. It
-/// owns the control and everything the control needs. A slot of any of its signals may destroy it.
+/// owns the control and everything the control needs. A slot of any of its signals may destroy it;
+/// while the widget is being resized or shown, Qt asks for `deleteLater()`.
 class QuorvaleBoxWidget : public QWidget {
     Q_OBJECT
 

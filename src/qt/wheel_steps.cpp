@@ -1,6 +1,7 @@
 #include "qt/wheel_steps.h"
 
 #include <QApplication>
+#include <QInputDevice>
 #include <algorithm>
 #include <cmath>
 
@@ -10,6 +11,14 @@ namespace {
 
 /// What a wheel reports for one notch.
 constexpr double notch = 120;
+
+/// Whether the event tells how far fingers moved over a touch pad, in pixels. X11 fills in numbers
+/// of another meaning, for plain wheels too.
+bool isInPixels(const QWheelEvent& event) {
+    if (event.pixelDelta().isNull() || QGuiApplication::platformName() == "xcb") return false;
+    return event.phase() != Qt::NoScrollPhase ||
+           event.deviceType() == QInputDevice::DeviceType::TouchPad;
+}
 
 QPointF sideways(QPointF delta) { return delta.x() == 0 ? QPointF(delta.y(), 0) : delta; }
 
@@ -30,7 +39,7 @@ WheelSteps::Steps WheelSteps::add(const QWheelEvent& event, double row, double c
         columns_.clear();
         rows_.clear();
     }
-    const bool touched = !event.pixelDelta().isNull();
+    const bool touched = isInPixels(event);
     const QPointF moved = touched ? event.pixelDelta() : event.angleDelta();
     const QPointF delta = event.modifiers() & Qt::ShiftModifier ? sideways(moved) : moved;
     const double perStep = notch / std::max(1, QApplication::wheelScrollLines());

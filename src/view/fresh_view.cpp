@@ -15,6 +15,9 @@ void FreshView::ShowFromStart() {
     ResetRows();
     surface_.lnExpand.UnloadAbove(0);
     surface_.lnExpandTo.UnloadAbove(0);
+    surface_.tbMore.SetButtonEnabled(u"Edit", false);
+    surface_.tbMore.SetButtonEnabled(u"Collapsed", false);
+    surface_.lvFound.SetVisible(false);
     // The host hears of this and may fail, or put another document in place.
     const std::uint64_t shown = document_.Generation;
     std::exception_ptr failed;
@@ -29,12 +32,9 @@ void FreshView::ShowFromStart() {
 
 void FreshView::ShowRest() {
     surface_.scrHorz.SetValue(0);
-    surface_.tbMore.SetButtonEnabled(u"Edit", false);
     peers_.LayoutView();
     peers_.FillRows();
-    peers_.PlaceCaretAtStart();
-    surface_.tbMore.SetButtonEnabled(u"Collapsed", false);
-    surface_.lvFound.SetVisible(false);
+    peers_.PlaceCaret();
 }
 
 // Every slot, also the ones below the view: one that still named a line would answer for it with
@@ -49,6 +49,7 @@ void FreshView::ResetRows() {
     for (int slot = 0; slot < view_.RowsPerView; ++slot) {
         const Line line{std::min(slot + 1, document_.LineSlots)};
         SetSlot(surface_, slot, lines_.DisplayText(Line{slot + 1}), line);
+        surface_.lblLine[slot].SetBold(false);
         surface_.lblLine[slot].SetBackColor(control.BackColor());
         surface_.lblLine[slot].SetForeColor(control.ForeColor());
         surface_.imgLine[slot].SetVisible(true);

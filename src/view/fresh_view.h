@@ -14,7 +14,7 @@ public:
     virtual void SetTopLine(Line line) = 0;
     virtual void LayoutView() = 0;
     virtual void FillRows() = 0;
-    virtual void PlaceCaretAtStart() = 0;
+    virtual void PlaceCaret() = 0;
 };
 
 /// Puts the view to the start of a document that has just replaced another one: nothing of the old

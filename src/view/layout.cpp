@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <new>
 
 #include "base/errors.h"
 #include "base/integers.h"
+#include "state/vertical_value.h"
 
 namespace quorvale {
 
@@ -21,6 +23,7 @@ void Try(Step step) {
     try {
         step();
     } catch (const ControlError&) {
+    } catch (const std::bad_alloc&) {
     }
 }
 
@@ -57,7 +60,8 @@ void Layout::LayoutView() {
         Raised inProgress(view_.LayoutInProgress);
         PlaceFrame();
     }
-    Try([&] { peers_.SettleScrolling(); });
+    Try([&] { peers_.SettleTopLine(); });
+    Try([&] { peers_.SettleRowShift(); });
     Try([&] { peers_.PlaceEditor(); });
     Try([&] { peers_.PlaceMarker(); });
     if (view_.RowSlotCount > slotsBefore) peers_.FillNewRows();
@@ -161,12 +165,7 @@ void Layout::SetVerticalRange() {
     Try([&] { bar.SetSmallChange(document_.ScrollScale); });
     Try([&] { bar.SetMin(1); });
     Try([&] { bar.SetMax(toBar((document_.LineSlots - view_.RowsPerView) / scale)); });
-    Try([&] {
-        std::int32_t value = toBar(navigation_.TopLine.Number() / scale);
-        // A top line of 1 rounds to 0 steps where a step is two lines or more.
-        value = std::min(std::max(value, bar.Min()), bar.Max());
-        bar.SetValue(value);
-    });
+    Try([&] { bar.SetValue(VerticalValue(surface_, document_, view_, navigation_.TopLine)); });
 }
 
 // Text that is too wide for 16 bits is reachable as far as they go: a range left over from the

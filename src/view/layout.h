@@ -14,8 +14,10 @@ namespace quorvale {
 class LayoutPeers {
 public:
     virtual ~LayoutPeers() = default;
-    /// Top line and row shift follow the scroll bars' possibly smaller ranges.
-    virtual void SettleScrolling() = 0;
+    /// The top line follows the vertical bar's possibly smaller range.
+    virtual void SettleTopLine() = 0;
+    /// The rows are shifted as the horizontal bar says.
+    virtual void SettleRowShift() = 0;
     virtual void PlaceEditor() = 0;
     /// The caret's marker follows its row; nothing else happens.
     virtual void PlaceMarker() = 0;

@@ -1,7 +1,11 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
+#include <initializer_list>
+#include <string>
+#include <string_view>
 
 #include "viewer/viewer_window.h"
 
@@ -26,13 +30,34 @@ void sayWhatMatters(QtMsgType type, const QMessageLogContext& context, const QSt
     std::fprintf(stderr, "%s\n", qUtf8Printable(qFormatLogMessage(type, context, message)));
 }
 
+/// Whether the command line names one of these options.
+bool names(int argc, char** argv, std::initializer_list<std::string_view> options) {
+    const auto named = [&](std::string_view argument) {
+        return std::any_of(options.begin(), options.end(), [&](std::string_view option) {
+            return argument == option || argument.starts_with(std::string(option) + "=");
+        });
+    };
+    return std::any_of(argv + 1, argv + argc, named);
+}
+
 /// Whether a window can be opened, as far as the environment tells.
-bool hasDisplay(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i) {
-        if (qstrcmp(argv[i], "-platform") == 0) return true;
+bool hasDisplay() {
+    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+/// Pictures, help and version need no display, and must not fail for one that does not answer.
+/// Says whether a window can be opened.
+bool choosePlatform(int argc, char** argv) {
+    if (names(argc, argv, {"-platform", "--platform"})) return true;
+    const bool windowless =
+        names(argc, argv, {"--snapshot", "-snapshot", "--help", "-h", "--version", "-v"});
+    const bool displayed = hasDisplay();
+    if (!displayed || (windowless && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     }
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
-           qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    return displayed;
 }
 
 /// False, with a message on standard error, for a line that makes no sense.
@@ -72,9 +97,7 @@ int takeSnapshot(ViewerWindow& window, const QString& fileName) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // Pictures, help and version need no display.
-    const bool displayed = hasDisplay(argc, argv);
-    if (!displayed) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const bool displayed = choosePlatform(argc, argv);
     qInstallMessageHandler(sayWhatMatters);
     QApplication application(argc, argv);
     QApplication::setApplicationName("quorvale-viewer");

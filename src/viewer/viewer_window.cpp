@@ -147,14 +147,18 @@ void ViewerWindow::chooseFile() {
     if (!chosen.isEmpty()) openOrTell(chosen);
 }
 
+// Always a copy: whoever offers a file to be moved would delete it afterwards.
 void ViewerWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!draggedFile(event->mimeData()).isEmpty()) event->acceptProposedAction();
+    if (draggedFile(event->mimeData()).isEmpty()) return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }
 
 void ViewerWindow::dropEvent(QDropEvent* event) {
     const QString file = draggedFile(event->mimeData());
     if (file.isEmpty()) return;
-    event->acceptProposedAction();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     activateWindow();
     openOrTell(file);
 }

@@ -54,8 +54,10 @@ QPoint middleOf(const QScrollBar& bar, QStyle::SubControl part) {
 void turnWheel(QWidget& widget, QPoint angle, QPoint pixels = {},
                Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     const QPointF place(widget.width() / 2.0, widget.height() / 2.0);
+    // A touch pad says that fingers are on it, a wheel does not.
+    const auto phase = pixels.isNull() ? Qt::NoScrollPhase : Qt::ScrollUpdate;
     QWheelEvent event(place, widget.mapToGlobal(place), pixels, angle, Qt::NoButton, modifiers,
-                      Qt::NoScrollPhase, false);
+                      phase, false);
     QCoreApplication::sendEvent(&widget, &event);
 }
 

@@ -355,5 +355,22 @@ TEST_F(HostInsideEvents, AHandlersFailureWhileATextIsShownLeavesTheTextInPlace) 
     EXPECT_FALSE(box_.Elements().tbMore.Button(u"Collapsed").Enabled);
 }
 
+TEST(HostInsideALoad, WhatItDoesToTheNewDocumentStays) {
+    // Symptom: the caret went back to the start after the host had heard that it had moved.
+    HeadlessBox box;
+    box->text(Doc(300));
+    box->TopLine(50);
+    box.Log().OnEvent = [&](const std::string& event) {
+        if (event != "Scrolled") return;
+        box.Log().OnEvent = nullptr;
+        box->MoveTo(10, 2);
+        box->CollapseLines(3, 9);
+    };
+    box->text(Doc(300));
+    EXPECT_EQ(box->row(), 10);
+    EXPECT_EQ(box->col(), 2);
+    EXPECT_TRUE(box.Elements().tbMore.Button(u"Collapsed").Enabled);
+}
+
 }  // namespace
 }  // namespace quorvale

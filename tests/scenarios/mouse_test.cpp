@@ -313,5 +313,28 @@ TEST_F(Mouse, TheMarkerBlinksWithEveryTickAndNotInAnEmptyDocument) {
     EXPECT_FALSE(Marker().Visible());
 }
 
+TEST_F(Mouse, ASelectionTooLongForTheDoubleClickedRowIsDropped) {
+    // Symptom: every repaint afterwards failed, so scrolling did too.
+    box->MoveTo(5, 1);
+    box->SelectedRowsCount(2147483640);
+    box.Elements().OnRowDblClick(19);
+    EXPECT_EQ(box->row(), 20);
+    EXPECT_EQ(Selected(), 0);
+    EXPECT_NO_THROW(box->TopLine(50));
+}
+
+TEST_F(Mouse, AHostThatShowsAnotherDocumentWhileADragScrollsKeepsItsCaret) {
+    box->TopLine(50);
+    box.MousePress(28, {left, 0, 300, 100});
+    box.Log().OnEvent = [&](const std::string& event) {
+        if (event != "Scrolled") return;
+        box.Log().OnEvent = nullptr;
+        box->text(Doc(300, 'N'));
+    };
+    box.MouseMove(28, {left, 0, 300, 800});
+    EXPECT_EQ(box->row(), 1);
+    EXPECT_EQ(Selected(), 0);
+}
+
 }  // namespace
 }  // namespace quorvale

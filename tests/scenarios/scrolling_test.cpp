@@ -312,5 +312,31 @@ TEST(WideScrollBars, EveryLineOfALongDocumentHasItsOwnStep) {
     EXPECT_EQ(box->TopLine(), 99970);
 }
 
+TEST(LongDocument, StepsReachBothEndsFromTheLinesNextToThem) {
+    HeadlessBox box;
+    for (const int lines : {40000, 40001, 40002, 40003}) {
+        box->text(Doc(lines));
+        box->TopLine(2);
+        box.TurnWheel(-1);
+        EXPECT_EQ(box->TopLine(), 1) << lines;
+        box->TopLine(99999);
+        const std::int32_t last = box->TopLine();
+        box->TopLine(last - 1);
+        box.Elements().scrVert.UserArrow(1);
+        EXPECT_EQ(box->TopLine(), last) << lines;
+    }
+}
+
+TEST(LongDocument, AThumbLetGoWhereItBeganMovesNothing) {
+    HeadlessBox box;
+    box->text(Doc(40000));
+    box->TopLine(101);
+    box.Log().Clear();
+    box.DragThumb({box.Elements().scrVert.Value()});
+    EXPECT_EQ(box->TopLine(), 101);
+    EXPECT_EQ(box.Log().Count("Scrolled"), 0U);
+    EXPECT_FALSE(box.Elements().lblScrollTip.Visible());
+}
+
 }  // namespace
 }  // namespace quorvale

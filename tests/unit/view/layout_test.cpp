@@ -19,8 +19,9 @@ public:
     Log Calls;
     std::function<void()> WhileSettling;
 
-    void SettleScrolling() override {
-        Calls.emplace_back("SettleScrolling");
+    void SettleRowShift() override { Calls.emplace_back("SettleRowShift"); }
+    void SettleTopLine() override {
+        Calls.emplace_back("SettleTopLine");
         if (WhileSettling) WhileSettling();
     }
     void PlaceEditor() override { Calls.emplace_back("PlaceEditor"); }
@@ -56,7 +57,7 @@ protected:
 
 TEST_F(LayoutTest, WhenTheFrameStandsScrollingSettlesThenEditorAndMarkerArePlaced) {
     layout.LayoutView();
-    EXPECT_EQ(peers.Calls, (Log{"SettleScrolling", "PlaceEditor", "PlaceMarker"}));
+    EXPECT_EQ(peers.Calls, (Log{"SettleTopLine", "SettleRowShift", "PlaceEditor", "PlaceMarker"}));
     EXPECT_FALSE(rig.View.LayoutInProgress);
     EXPECT_EQ(rig.View.RowsPerView, 30);
 }
@@ -89,7 +90,7 @@ TEST_F(LayoutTest, DuringAnotherOneItOnlyHidesTheScrollTip) {
 TEST_F(LayoutTest, APeerThatFailsDoesNotKeepTheOthersFromTheirTurn) {
     peers.WhileSettling = [] { throw ControlError(ErrorKind::Overflow, "too far"); };
     layout.LayoutView();
-    EXPECT_EQ(peers.Calls, (Log{"SettleScrolling", "PlaceEditor", "PlaceMarker"}));
+    EXPECT_EQ(peers.Calls, (Log{"SettleTopLine", "SettleRowShift", "PlaceEditor", "PlaceMarker"}));
 }
 
 TEST_F(LayoutTest, AFailingStepIsSkippedAndEveryOtherOneRuns) {
@@ -109,7 +110,8 @@ TEST_F(LayoutTest, AFailingStepIsSkippedAndEveryOtherOneRuns) {
         layout.LayoutView();
         rig.Elements.Watch(nullptr);
         EXPECT_EQ(failing.Sets, complete);
-        EXPECT_EQ(peers.Calls, (Log{"SettleScrolling", "PlaceEditor", "PlaceMarker"}));
+        EXPECT_EQ(peers.Calls,
+                  (Log{"SettleTopLine", "SettleRowShift", "PlaceEditor", "PlaceMarker"}));
         EXPECT_FALSE(rig.View.LayoutInProgress);
     }
 }
@@ -147,7 +149,7 @@ TEST_F(LayoutTest, RowsWithoutHeightLeaveTheRowCountAsItWas) {
     for (Label& label : rig.Elements.lblLine) label.SetHeight(0);
     layout.LayoutView();
     EXPECT_EQ(rig.View.RowsPerView, 30);
-    EXPECT_EQ(peers.Calls.size(), 6U);
+    EXPECT_EQ(peers.Calls.size(), 8U);
 }
 
 TEST_F(LayoutTest, RowsOfHalfATwipAreCountedByTheirRoundedHeight) {
