@@ -24,9 +24,11 @@ void complain(const QString& message) {
     std::fprintf(stderr, "quorvale-viewer: %s\n", qUtf8Printable(message));
 }
 
-/// Drops what the offscreen platform says about windows that nobody sees.
+/// Drops what says nothing to a user: the offscreen platform's complaints about windows that nobody
+/// sees, and a desktop variable that nothing here needs.
 void sayWhatMatters(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     if (message.startsWith("This plugin does not support")) return;
+    if (message.startsWith("QStandardPaths: XDG_RUNTIME_DIR not set")) return;
     std::fprintf(stderr, "%s\n", qUtf8Printable(qFormatLogMessage(type, context, message)));
 }
 
