@@ -20,9 +20,9 @@ namespace {
 
 /// One control and a sequence of calls that its seed alone decides; after each call what is seen
 /// must be what the document, the folds and the size of the surface make it.
-class Session {
+class RandomCalls {
 public:
-    explicit Session(unsigned seed, bool told) : random_(seed), told_(told) { NewText(); }
+    explicit RandomCalls(unsigned seed, bool told) : random_(seed), told_(told) { NewText(); }
 
     const std::string& LastCall() const { return call_; }
 
@@ -346,26 +346,26 @@ private:
     std::string call_;
 };
 
-constexpr int callsOfASession = 400;
+constexpr int callsPerSeed = 400;
 
-void RunSession(unsigned seed, bool told) {
-    Session session(seed, told);
-    for (int step = 1; step <= callsOfASession; ++step) {
-        session.Step();
+void RunSeed(unsigned seed, bool told) {
+    RandomCalls calls(seed, told);
+    for (int step = 1; step <= callsPerSeed; ++step) {
+        calls.Step();
         if (!testing::Test::HasFailure()) continue;
-        ADD_FAILURE() << "after call " << step << ", " << session.LastCall()
+        ADD_FAILURE() << "after call " << step << ", " << calls.LastCall()
                       << "; to see it again: QUORVALE_SEED=" << seed;
         return;
     }
 }
 
-/// With the variable QUORVALE_SEED only that session runs, and tells its calls.
+/// With the variable QUORVALE_SEED only that seed runs, and tells its calls.
 TEST(RandomCalls, WhatIsSeenAlwaysFollowsFromDocumentFoldsAndSize) {
-    constexpr unsigned sessions = 50;
+    constexpr unsigned seeds = 50;
     if (const char* seed = std::getenv("QUORVALE_SEED")) {
-        return RunSession(static_cast<unsigned>(std::strtoul(seed, nullptr, 10)), true);
+        return RunSeed(static_cast<unsigned>(std::strtoul(seed, nullptr, 10)), true);
     }
-    for (unsigned seed = 1; seed <= sessions && !HasFailure(); ++seed) RunSession(seed, false);
+    for (unsigned seed = 1; seed <= seeds && !HasFailure(); ++seed) RunSeed(seed, false);
 }
 
 }  // namespace
