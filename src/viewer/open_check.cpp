@@ -9,8 +9,8 @@ namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("OpenCheck", text); }
 
-/// The control's texts have at most 2^31 - 1 characters, and it appends a line break.
-constexpr qint64 mostBytes = (qint64{1} << 31) - 3;
+/// The control appends a line break, and the place behind it has to fit into 31 bits.
+constexpr qint64 mostBytes = (qint64{1} << 31) - 4;
 
 QString reasonOf(const QFileInfo& file) {
     // A dangling link is there, but what it names is not.
