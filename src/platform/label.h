@@ -44,7 +44,6 @@ public:
     using PaintedElement::PaintedElement;
 
     std::u16string_view Caption() const { return caption_.View(); }
-    const SharedText& CaptionText() const { return caption_; }
     const SharedText& SharedCaption() const { return caption_; }
     void SetCaption(SharedText caption);
     void SetCaption(std::u16string caption) { SetCaption(SharedText(std::move(caption))); }

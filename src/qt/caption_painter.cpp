@@ -24,7 +24,7 @@ void CaptionPainter::paint(QPainter& painter, const Label& label, const Place& p
     const Twips overhang = glyphs.height();
     const Twips from = std::max(0.0, toTwips(place.SeenFrom - place.Left) - overhang);
     const Twips to = toTwips(place.SeenTo - place.Left);
-    CaptionIndex::Place at = index_.placeBefore(label.CaptionText(), glyphs, from);
+    CaptionIndex::Place at = index_.placeBefore(label.SharedCaption(), glyphs, from);
     std::size_t drawn = 0;
     while (at.Unit < text.size() && at.Left < to && drawn < mostGlyphs) {
         const CodePoint point = codePointAt(text, at.Unit);

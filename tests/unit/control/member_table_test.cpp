@@ -259,16 +259,17 @@ TEST(ClassDescription, NamesTheClassAndItsTwoInterfaces) {
     EXPECT_FALSE(DescribeClass().Description.empty());
 }
 
-/// Version 4, variant 1, in capitals: "XXXXXXXX-XXXX-4XXX-[89AB]XXX-XXXXXXXXXXXX".
+/// Version 4, variant 1, in capitals. In the pattern "h" stands for any hexadecimal digit and "v"
+/// for one that names the variant.
 bool IsRandomIdentifier(std::string_view id) {
-    const std::string_view pattern = "XXXXXXXX-XXXX-4XXX-VXXX-XXXXXXXXXXXX";
-    return std::equal(
-        id.begin(), id.end(), pattern.begin(), pattern.end(), [](char c, char wanted) {
-            if (wanted == 'X')
-                return std::string_view("0123456789ABCDEF").find(c) != std::string_view::npos;
-            if (wanted == 'V') return std::string_view("89AB").find(c) != std::string_view::npos;
-            return c == wanted;
-        });
+    const std::string_view pattern = "hhhhhhhh-hhhh-4hhh-vhhh-hhhhhhhhhhhh";
+    const auto fits = [](char c, char wanted) {
+        if (wanted == 'h')
+            return std::string_view("0123456789ABCDEF").find(c) != std::string_view::npos;
+        if (wanted == 'v') return std::string_view("89AB").find(c) != std::string_view::npos;
+        return c == wanted;
+    };
+    return std::equal(id.begin(), id.end(), pattern.begin(), pattern.end(), fits);
 }
 
 TEST(ClassDescription, HasThreeDifferentRandomIdentifiers) {
