@@ -14,4 +14,9 @@ void RangeRegister::CollapseLines(std::int32_t fromRow, std::int32_t toRow) {
     surface_.tbMore.SetButtonEnabled(u"Collapsed", true);
 }
 
+void RangeRegister::ForgetAll() {
+    collapse_ = {};
+    surface_.tbMore.SetButtonEnabled(u"Collapsed", false);
+}
+
 }  // namespace quorvale

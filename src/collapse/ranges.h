@@ -19,6 +19,9 @@ public:
 
     void CollapseLines(std::int32_t fromRow, std::int32_t toRow);
 
+    /// No range is registered any more. What is folded stays folded.
+    void ForgetAll();
+
 private:
     CollapseState& collapse_;
     Surface& surface_;

@@ -35,7 +35,8 @@ ControlParts::ControlParts(HostServices services, HostOptions options)
       Folding(Document, Navigation, Collapse, View, Peers),
       Glyphs(Elements, Collapse, Folding),
       Appearance(*this),
-      Shell(*this) {
+      Shell(*this),
+      Extras(*this) {
     CreateElements(Elements, Texts, Options);
     Slots.TakeRowHeight(*Services.Metrics);
     WireHandlers(*this);

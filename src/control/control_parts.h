@@ -7,6 +7,7 @@
 #include "collapse/ranges.h"
 #include "control/appearance.h"
 #include "control/event_hub.h"
+#include "control/host_extras.h"
 #include "control/shell.h"
 #include "control/switchboard.h"
 #include "document/line_access.h"
@@ -84,6 +85,7 @@ public:
 
     quorvale::Appearance Appearance;
     quorvale::Shell Shell;
+    HostExtras Extras;
 
     /// How many members and handlers of this control are running inside one another.
     int Depth = 0;

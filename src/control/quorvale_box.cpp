@@ -52,7 +52,7 @@ void QuorvaleBox::SetOptions(HostOptions options) {
     CreateBoundaries(parts_->Elements, parts_->Options);
 }
 
-Encoding QuorvaleBox::FileEncoding() const { return parts_->Document.ReadAs; }
+HostExtras& QuorvaleBox::Extras() const { return parts_->Extras; }
 
 void QuorvaleBox::LoadFile(const std::u16string& FileName) {
     const Frame frame(parts_);

@@ -15,6 +15,7 @@
 namespace quorvale {
 
 class ControlParts;
+class HostExtras;
 
 /// A read-mostly viewer of one text file. Everything runs on one thread, the one that created the
 /// control. Lines and caret columns are 1-based 32-bit numbers, sizes and places are twips, texts
@@ -48,9 +49,8 @@ public:
     const HostOptions& Options() const;
     /// Takes effect at the next load or layout; to be set before a document is.
     void SetOptions(HostOptions options);
-
-    /// How the bytes of the shown file became characters; never `Automatic`.
-    Encoding FileEncoding() const;
+    /// What a host may ask and do beyond these members.
+    HostExtras& Extras() const;
 
     // The document.
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "viewer/element_dump.h"
 #include "viewer/viewer_window.h"
 
 namespace {
@@ -17,6 +18,7 @@ using quorvale::ViewerWindow;
 struct Request {
     QString File;
     QString Snapshot;
+    QString Dump;
     int Line = 0;
 };
 
@@ -71,7 +73,10 @@ bool readCommandLine(const QApplication& application, Request& request) {
     const QCommandLineOption snapshot("snapshot", "Render the window to a picture and exit.",
                                       "PNG");
     const QCommandLineOption line("line", "Put the caret on a line, counted from 1.", "N");
-    parser.addOptions({snapshot, line});
+    // For tools that look at the viewer from outside: of no use to anybody else.
+    QCommandLineOption dump("dump-elements", "Keep a file up to date with what is shown.", "JSON");
+    dump.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({snapshot, line, dump});
     parser.addPositionalArgument("file", "The file to show.", "[FILE]");
     parser.process(application);
     if (parser.positionalArguments().size() > 1) {
@@ -80,6 +85,7 @@ bool readCommandLine(const QApplication& application, Request& request) {
     }
     request.File = parser.positionalArguments().value(0);
     request.Snapshot = parser.value(snapshot);
+    request.Dump = parser.value(dump);
     if (!parser.isSet(line)) return true;
     bool isNumber = false;
     request.Line = parser.value(line).toInt(&isNumber);
@@ -115,6 +121,7 @@ int main(int argc, char** argv) {
     // A snapshot is laid out like a window on the screen, without being seen there.
     window.setAttribute(Qt::WA_DontShowOnScreen, !request.Snapshot.isEmpty());
     window.show();
+    if (!request.Dump.isEmpty()) new quorvale::ElementDump(window.control(), request.Dump);
     if (!request.File.isEmpty()) {
         const QString reason = window.openFile(request.File);
         if (!reason.isEmpty() && !request.Snapshot.isEmpty()) {

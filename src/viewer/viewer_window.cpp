@@ -11,10 +11,13 @@
 #include <QMimeData>
 #include <QStatusBar>
 
+#include "control/host_extras.h"
 #include "qt/font_faces.h"
 #include "qt/qt_picture.h"
+#include "qt/row_copying.h"
 #include "resources/pictures.h"
 #include "viewer/open_check.h"
+#include "viewer/view_menu.h"
 
 namespace quorvale {
 
@@ -23,6 +26,8 @@ namespace {
 constexpr Colour documentGround = 0x80000005;
 constexpr Colour documentText = 0x80000008;
 constexpr QSize startSize(1000, 700);
+/// How long a message stands in the status bar, in milliseconds.
+constexpr int briefly = 5000;
 
 QString inWords(Encoding encoding) {
     switch (encoding) {
@@ -49,7 +54,8 @@ QIcon viewerIcon() {
 
 }  // namespace
 
-ViewerWindow::ViewerWindow() : control_(new QuorvaleBoxWidget(this)) {
+ViewerWindow::ViewerWindow()
+    : control_(new QuorvaleBoxWidget(this)), copying_(new RowCopying(*control_)) {
     makeControl();
     makeMenus();
     makeStatusBar();
@@ -78,6 +84,28 @@ void ViewerWindow::makeControl() {
 }
 
 void ViewerWindow::makeMenus() {
+    makeFileMenu();
+    makeEditMenu();
+    view_ = new ViewMenu(*menuBar()->addMenu(tr("&View")), *control_);
+    connect(view_, &ViewMenu::told, this, &ViewerWindow::tellBriefly);
+}
+
+// The keys are the control's to hand on, and the search box has its own use for them: the menu only
+// names them.
+void ViewerWindow::makeEditMenu() {
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    edit->addAction(tr("&Copy rows") + "\tCtrl+C", copying_, &RowCopying::copyRows);
+    edit->addAction(tr("Copy rows with line &numbers") + "\tCtrl+Shift+C", copying_,
+                    &RowCopying::copyNumberedRows);
+    connect(copying_, &RowCopying::copied, this, [this](int rows) {
+        tellBriefly(rows == 1 ? tr("1 row copied")
+                              : tr("%1 rows copied").arg(QLocale().toString(rows)));
+    });
+    connect(copying_, &RowCopying::tooMuch, this,
+            [this] { tellBriefly(tr("Too much text to copy: select fewer rows")); });
+}
+
+void ViewerWindow::makeFileMenu() {
     QMenu* file = menuBar()->addMenu(tr("&File"));
     QAction* open = file->addAction(tr("&Open..."), this, &ViewerWindow::chooseFile);
     open->setShortcut(QKeySequence::Open);
@@ -108,6 +136,7 @@ QString ViewerWindow::openFile(const QString& fileName) {
     fileName_ = file.absoluteFilePath();
     setWindowTitle(tr("%1 \u2014 QuorvaleBox").arg(file.fileName()));
     showStatus(file.size());
+    view_->applyToDocument();
     return {};
 }
 
@@ -125,13 +154,17 @@ void ViewerWindow::tell(const QString& message) {
     box->open();
 }
 
+void ViewerWindow::tellBriefly(const QString& message) {
+    statusBar()->showMessage(message, briefly);
+}
+
 void ViewerWindow::showStatus(qint64 bytes) {
     const bool shown = !fileName_.isEmpty();
     const QLocale locale;
     const int lines = control_->box().LineCount();
     lines_->setText(shown ? tr("%1 lines").arg(locale.toString(lines)) : QString());
     size_->setText(shown ? locale.formattedDataSize(bytes) : QString());
-    encoding_->setText(shown ? inWords(control_->box().FileEncoding()) : QString());
+    encoding_->setText(shown ? inWords(control_->box().Extras().FileEncoding()) : QString());
 }
 
 QString ViewerWindow::statusText() const {

@@ -5,11 +5,15 @@
 #include "qt/quorvale_box_widget.h"
 
 class QLabel;
+class QMenu;
 
 namespace quorvale {
 
-/// The viewer's window: the control with one file, a File menu and a status bar. Files can be
-/// dropped on it.
+class RowCopying;
+class ViewMenu;
+
+/// The viewer's window: the control with one file, its menus and a status bar. Files can be dropped
+/// on it.
 class ViewerWindow final : public QMainWindow {
     Q_OBJECT
 
@@ -23,6 +27,7 @@ public:
     void goToLine(int line);
 
     QuorvaleBoxWidget& control() { return *control_; }
+    ViewMenu& view() { return *view_; }
     QString statusText() const;
 
 public slots:
@@ -36,12 +41,17 @@ protected:
 private:
     void makeControl();
     void makeMenus();
+    void makeFileMenu();
+    void makeEditMenu();
     void makeStatusBar();
     void chooseFile();
     void showStatus(qint64 bytes);
     void tell(const QString& message);
+    void tellBriefly(const QString& message);
 
     QuorvaleBoxWidget* control_;
+    RowCopying* copying_;
+    ViewMenu* view_ = nullptr;
     QLabel* lines_ = nullptr;
     QLabel* size_ = nullptr;
     QLabel* encoding_ = nullptr;

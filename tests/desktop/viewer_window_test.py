@@ -2,60 +2,23 @@
 """The viewer in a real window: what it paints there, and that a user's hands reach it.
 Usage: viewer_window_test.py VIEWER, on a display with a window manager."""
 
-import os
 import subprocess
 import sys
-import time
 import unittest
 from pathlib import Path
 
-VIEWER = ""
+import desktop
+from desktop import ViewerCase, tool, wait_for
+
 LINES = 100_000
 PART_OF_ROWS = ("-crop", "500x300+100+150", "-depth", "8", "rgb:-")
 
 
-def wait_for(what, condition):
-    """The condition's first true answer; the test fails when there is none in time."""
-    give_up = time.monotonic() + 30
-    while time.monotonic() < give_up:
-        answer = condition()
-        if answer:
-            return answer
-        time.sleep(0.02)
-    raise AssertionError(f"waited in vain for {what}")
-
-
-def tool(*command):
-    ran = subprocess.run(command, check=False, capture_output=True)
-    return ran.stdout if ran.returncode == 0 else b""
-
-
-class ViewerWindow(unittest.TestCase):
+class ViewerWindow(ViewerCase):
     def setUp(self):
         self.file = Path("numbers.txt")
         self.file.write_text("".join(f"{n:06d} is line {n} of {LINES}\n"
                                      for n in range(1, LINES + 1)), encoding="utf-8")
-
-    def open(self, *arguments, title="numbers"):
-        environment = {name: value for name, value in os.environ.items()
-                       if name != "QT_QPA_PLATFORM"}
-        self.viewer = subprocess.Popen([VIEWER, *arguments], env=environment)
-        self.addCleanup(self.stop)
-        self.window = wait_for("the window", lambda: self.windows(title))[0]
-
-    def windows(self, title):
-        return tool("xdotool", "search", "--onlyvisible", "--name", title).decode().split()
-
-    def activate(self):
-        """The window gets the keys."""
-        def is_active():
-            tool("xdotool", "windowactivate", self.window)
-            return tool("xdotool", "getactivewindow").strip().decode() == self.window
-        wait_for("the focus", is_active)
-
-    def stop(self):
-        self.viewer.kill()
-        self.viewer.wait()
 
     def rows(self):
         """The pixels of a part of the rows, right of the blinking marker."""
@@ -63,7 +26,7 @@ class ViewerWindow(unittest.TestCase):
 
     def rows_at(self, line):
         """The same part of a picture that the viewer renders with the line in sight."""
-        subprocess.run([VIEWER, "--line", str(line), "--snapshot", "snapshot.png",
+        subprocess.run([desktop.VIEWER, "--line", str(line), "--snapshot", "snapshot.png",
                         str(self.file)], check=True)
         return tool("convert", "snapshot.png", *PART_OF_ROWS)
 
@@ -80,11 +43,11 @@ class ViewerWindow(unittest.TestCase):
 
     def test_the_window_shows_what_a_snapshot_shows(self):
         expected = self.rows_at(50000)
-        self.open("--line", "50000", str(self.file))
+        self.open("--line", "50000", str(self.file), title="numbers")
         wait_for("the rows of the snapshot", lambda: self.rows() == expected)
 
     def test_the_wheel_scrolls_there_and_back(self):
-        self.open(str(self.file))
+        self.open(str(self.file), title="numbers")
         start = self.painted_rows()
         self.point_at_rows()
         tool("xdotool", "click", "5")
@@ -95,15 +58,14 @@ class ViewerWindow(unittest.TestCase):
     def test_the_last_line_is_reached_with_the_scroll_bar(self):
         # The line break at the end of the file begins one more, empty line.
         last = self.rows_at(LINES + 1)
-        self.open(str(self.file))
+        self.open(str(self.file), title="numbers")
         self.painted_rows()
-        size = dict(line.split("=") for line in tool(
-            "xdotool", "getwindowgeometry", "--shell", self.window).decode().split())
-        right = str(int(size["WIDTH"]) - 8)
+        size = self.geometry()
+        right = str(size["WIDTH"] - 8)
         # The middle button takes the thumb to where it is pressed.
         tool("xdotool", "mousemove", "--sync", "--window", self.window, right, "300")
         tool("xdotool", "mousedown", "2")
-        tool("xdotool", "mousemove", "--sync", "--window", self.window, right, size["HEIGHT"])
+        tool("xdotool", "mousemove", "--sync", "--window", self.window, right, str(size["HEIGHT"]))
         tool("xdotool", "mouseup", "2")
         wait_for("the last rows", lambda: self.rows() == last)
 
@@ -115,7 +77,7 @@ class ViewerWindow(unittest.TestCase):
         self.assertIsNone(self.viewer.poll())
 
     def test_closing_the_window_ends_the_program(self):
-        self.open(str(self.file))
+        self.open(str(self.file), title="numbers")
         self.painted_rows()
         self.activate()
         tool("xdotool", "key", "alt+F4")
@@ -123,5 +85,5 @@ class ViewerWindow(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    VIEWER = sys.argv.pop(1)
+    desktop.VIEWER = sys.argv.pop(1)
     unittest.main()

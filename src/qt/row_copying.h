@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+namespace quorvale {
+
+class HostExtras;
+class QuorvaleBoxWidget;
+
+/// Lets the user copy rows of a control: Ctrl+C takes the selected rows, or the caret's, as they
+/// stand in the file, Ctrl+Shift+C puts each line's number and a tab before it. The control itself
+/// leaves these keys to its host: they are answered after `keyDown` has told every other listener
+/// that was connected before. Make one to switch it on; it belongs to the widget.
+class RowCopying final : public QObject {
+    Q_OBJECT
+
+public:
+    /// More characters than this are not put on the clipboard.
+    static constexpr qint64 MostCharacters = qint64{1} << 27;
+
+    explicit RowCopying(QuorvaleBoxWidget& widget);
+
+public slots:
+    void copyRows();
+    void copyNumberedRows();
+
+signals:
+    void copied(int rows);
+    /// The rows are more text than a clipboard can sensibly hold; it was left as it is.
+    void tooMuch();
+
+private:
+    void answerKey(int keyCode, int shift);
+    void put(bool numbered);
+
+    QuorvaleBoxWidget& widget_;
+};
+
+/// The lines as they stand in the file, each after its number and a tab.
+QString numberedLines(const HostExtras& document, int first, int last);
+
+}  // namespace quorvale

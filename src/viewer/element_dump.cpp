@@ -1,0 +1,104 @@
+#include "viewer/element_dump.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+
+#include "qt/conversions.h"
+#include "qt/quorvale_box_widget.h"
+
+namespace quorvale {
+
+namespace {
+
+constexpr int milliseconds = 20;
+
+QString nameOf(FocusChild child) {
+    switch (child) {
+        case FocusChild::TextArea:
+            return "text";
+        case FocusChild::SearchBox:
+            return "search";
+        case FocusChild::LineBox:
+            return "line";
+        case FocusChild::Editor:
+            return "editor";
+        case FocusChild::FoundList:
+            return "found";
+        case FocusChild::None:
+            break;
+    }
+    return "none";
+}
+
+QJsonArray centreOf(const Element& element, const Element* within = nullptr) {
+    QRectF place = pixelRect(element);
+    if (within != nullptr) place.translate(pixelRect(*within).topLeft());
+    return {qRound(place.center().x()), qRound(place.center().y())};
+}
+
+QJsonObject rowOf(const Surface& elements, int slot) {
+    const Label& label = elements.lblLine[slot];
+    const Image& glyph = elements.imgExpand[slot];
+    QJsonObject row;
+    row["line"] = toQString(label.Tag()).toInt();
+    row["text"] = toQString(label.Caption());
+    row["bold"] = label.Bold();
+    row["highlighted"] = label.BackColor() == system_colour::Highlight;
+    row["top"] = qRound(toPixels(label.Top()));
+    row["left"] = qRound(toPixels(label.Left()));
+    if (glyph.Visible() && glyph.Shown() != nullptr) {
+        row["glyph"] = QString::fromStdString(glyph.Shown()->Name());
+        row["glyphAt"] = centreOf(glyph, &elements.picExpand);
+    }
+    return row;
+}
+
+QJsonArray rowsOf(const Surface& elements) {
+    QJsonArray rows;
+    const Twips end =
+        elements.scrHorz.Visible() ? elements.scrHorz.Top() : elements.UserControl.Height();
+    for (int slot = 0; elements.lblLine.Has(slot); ++slot) {
+        const Label& label = elements.lblLine[slot];
+        if (label.Visible() && label.Top() < end) rows.append(rowOf(elements, slot));
+    }
+    return rows;
+}
+
+}  // namespace
+
+QByteArray dumpElements(QuorvaleBoxWidget& control) {
+    QuorvaleBox& box = control.box();
+    const Surface& elements = box.Elements();
+    QJsonObject dump;
+    dump["lines"] = box.LineCount();
+    dump["top"] = box.TopLine();
+    dump["row"] = box.row();
+    dump["column"] = box.col();
+    dump["selected"] = box.SelectedRowsCount();
+    dump["focus"] = nameOf(elements.Focus.Active());
+    dump["rowHeight"] = qRound(toPixels(elements.lblLine[0].Height()));
+    dump["height"] = qRound(toPixels(elements.UserControl.Height()));
+    // How far the control lies below the top of the window.
+    dump["above"] = control.mapTo(control.window(), QPoint()).y();
+    dump["rows"] = rowsOf(elements);
+    return QJsonDocument(dump).toJson();
+}
+
+ElementDump::ElementDump(QuorvaleBoxWidget& control, QString fileName)
+    : QObject(&control), control_(control), fileName_(std::move(fileName)) {
+    timer_.setInterval(milliseconds);
+    connect(&timer_, &QTimer::timeout, this, &ElementDump::write);
+    timer_.start();
+}
+
+void ElementDump::write() {
+    const QByteArray dump = dumpElements(control_);
+    if (dump == written_) return;
+    QSaveFile file(fileName_);
+    if (!file.open(QIODevice::WriteOnly) || file.write(dump) != dump.size()) return;
+    if (file.commit()) written_ = dump;
+}
+
+}  // namespace quorvale

@@ -1,0 +1,108 @@
+#include "viewer/view_menu.h"
+
+#include <QGuiApplication>
+#include <QLocale>
+#include <QMenu>
+#include <QPalette>
+
+#include "control/host_extras.h"
+#include "qt/quorvale_box_widget.h"
+#include "viewer/severity_colours.h"
+
+namespace quorvale {
+
+namespace {
+
+/// Keeps the view still and shows that something takes its time.
+class BusyView {
+public:
+    explicit BusyView(QuorvaleBox& box) : box_(box) {
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        box_.AutoRedraw(false);
+    }
+    ~BusyView() {
+        box_.AutoRedraw(true);
+        QGuiApplication::restoreOverrideCursor();
+    }
+    BusyView(const BusyView&) = delete;
+    BusyView& operator=(const BusyView&) = delete;
+
+private:
+    QuorvaleBox& box_;
+};
+
+constexpr Colour rgb(int red, int green, int blue) {
+    return static_cast<Colour>(red | green << 8 | blue << 16);
+}
+
+/// Text colours with enough contrast to the desktop's ground, light or dark.
+struct SeverityColours {
+    Colour Error;
+    Colour Warning;
+};
+
+SeverityColours coloursFor(const QPalette& palette) {
+    const bool dark = palette.color(QPalette::Base).lightness() < 128;
+    return dark ? SeverityColours{rgb(255, 128, 128), rgb(255, 200, 87)}
+                : SeverityColours{rgb(176, 0, 32), rgb(138, 86, 0)};
+}
+
+}  // namespace
+
+ViewMenu::ViewMenu(QMenu& menu, QuorvaleBoxWidget& control)
+    : QObject(&menu), control_(control), folds_(this) {
+    folds_.setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    byIndentation_ = addToggle(menu, tr("Fold by &indentation"));
+    byBlankLines_ = addToggle(menu, tr("Fold by &blank lines"));
+    folds_.addAction(byIndentation_);
+    folds_.addAction(byBlankLines_);
+    menu.addSeparator();
+    bySeverity_ = addToggle(menu, tr("&Colour errors and warnings"));
+    connect(&folds_, &QActionGroup::triggered, this, &ViewMenu::fold);
+    connect(bySeverity_, &QAction::triggered, this, &ViewMenu::colour);
+}
+
+QAction* ViewMenu::addToggle(QMenu& menu, const QString& text) {
+    QAction* action = menu.addAction(text);
+    action->setCheckable(true);
+    return action;
+}
+
+void ViewMenu::applyToDocument() {
+    if (folds_.checkedAction() != nullptr) fold();
+    if (bySeverity_->isChecked()) colour();
+}
+
+void ViewMenu::fold() {
+    const BusyView busy(control_.box());
+    control_.box().Extras().ForgetFolds();
+    if (byIndentation_->isChecked()) addFolds(&foldsByIndentation);
+    if (byBlankLines_->isChecked()) addFolds(&foldsByBlankLines);
+}
+
+void ViewMenu::addFolds(FoldFinder find) {
+    QuorvaleBox& box = control_.box();
+    const auto lines = [&box](std::int32_t line) { return box.Extras().RawLineText(line); };
+    const std::vector<FoldRange> folds = find(lines, box.LineCount());
+    for (const FoldRange& range : folds) box.CollapseLines(range.First, range.Last);
+    const QString count = QLocale().toString(static_cast<qlonglong>(folds.size()));
+    emit told(folds.size() < mostFolds ? tr("%1 ranges can be folded").arg(count)
+                                       : tr("Only the first %1 ranges can be folded").arg(count));
+}
+
+void ViewMenu::colour() {
+    QuorvaleBox& box = control_.box();
+    const BusyView busy(box);
+    const SeverityColours colours = coloursFor(control_.palette());
+    const Colour plain = box.ForeColor();
+    const bool on = bySeverity_->isChecked();
+    for (std::int32_t line = 1; line <= box.LineCount(); ++line) {
+        const Severity severity = on ? severityOf(box.Extras().RawLineText(line)) : Severity::Plain;
+        const Colour wanted = severity == Severity::Error     ? colours.Error
+                              : severity == Severity::Warning ? colours.Warning
+                                                              : plain;
+        if (box.LineForeColor(line) != wanted) box.LineForeColor(line, wanted);
+    }
+}
+
+}  // namespace quorvale

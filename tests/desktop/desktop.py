@@ -1,0 +1,104 @@
+"""What desktop tests share: a viewer in a real window, a user's hands, and conditions to wait for."""
+
+import json
+import os
+import subprocess
+import time
+import unittest
+from pathlib import Path
+
+# The program under test; each test sets it from its command line.
+VIEWER = ""
+
+
+def wait_for(what, condition):
+    """The condition's first true answer; the test fails when there is none in time."""
+    give_up = time.monotonic() + 30
+    while time.monotonic() < give_up:
+        answer = condition()
+        if answer:
+            return answer
+        time.sleep(0.02)
+    raise AssertionError(f"waited in vain for {what}")
+
+
+def tool(*command):
+    ran = subprocess.run(command, check=False, capture_output=True)
+    return ran.stdout if ran.returncode == 0 else b""
+
+
+class ViewerCase(unittest.TestCase):
+    """A test with a viewer of its own, and what the viewer says that it shows."""
+
+    def open(self, *arguments, title):
+        environment = {name: value for name, value in os.environ.items()
+                       if name != "QT_QPA_PLATFORM"}
+        self.dump = Path("elements.json")
+        self.dump.unlink(missing_ok=True)
+        self.viewer = subprocess.Popen(
+            [VIEWER, "--dump-elements", str(self.dump), *arguments], env=environment)
+        self.addCleanup(self.stop)
+        self.window = wait_for("the window", lambda: self.windows(title))[0]
+
+    def stop(self):
+        self.viewer.kill()
+        self.viewer.wait()
+
+    def windows(self, title):
+        return tool("xdotool", "search", "--onlyvisible", "--name", title).decode().split()
+
+    def activate(self):
+        """The window gets the keys."""
+        def is_active():
+            tool("xdotool", "windowactivate", self.window)
+            return tool("xdotool", "getactivewindow").strip().decode() == self.window
+        wait_for("the focus", is_active)
+
+    def shown(self):
+        """What the viewer shows; nothing before it has said so."""
+        try:
+            return json.loads(self.dump.read_text(encoding="utf-8"))
+        except (FileNotFoundError, json.JSONDecodeError):
+            return {}
+
+    def until(self, what, condition):
+        """Waits until what is shown answers the condition, and returns it."""
+        def met():
+            shown = self.shown()
+            return shown if shown and condition(shown) else None
+        try:
+            return wait_for(what, met)
+        except AssertionError as error:
+            shown = self.shown()
+            shown["rows"] = shown.get("rows", [])[:3]
+            raise AssertionError(f"{error}; shown is {shown}") from None
+
+    def row_of(self, line):
+        return next((row for row in self.shown()["rows"] if row["line"] == line), None)
+
+    def geometry(self):
+        lines = tool("xdotool", "getwindowgeometry", "--shell", self.window).decode().split()
+        return {name: int(value) for name, value in (line.split("=") for line in lines)}
+
+    def point_at(self, x, y):
+        """Moves the pointer to a place on the control, in its pixels."""
+        tool("xdotool", "mousemove", "--window", self.window,
+             str(x), str(y + self.shown()["above"]))
+
+    def point_at_line(self, line, x=300):
+        row = self.row_of(line)
+        self.assertIsNotNone(row, f"line {line} is not on screen")
+        self.point_at(x, row["top"] + self.shown()["rowHeight"] // 2)
+
+    def press(self, *keys):
+        for key in keys:
+            tool("xdotool", "key", "--clearmodifiers", key)
+
+    def click(self, button="1", modifier=None):
+        if modifier:
+            tool("xdotool", "keydown", modifier, "click", button, "keyup", modifier)
+        else:
+            tool("xdotool", "click", button)
+
+    def highlighted(self):
+        return [row["line"] for row in self.shown()["rows"] if row["highlighted"]]
