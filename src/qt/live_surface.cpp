@@ -16,6 +16,7 @@ LiveSurface::LiveSurface(ControlLinkPtr link, std::shared_ptr<FontFaces> faces, 
       vertical_(new BarMirror(Qt::Vertical, &Surface::scrVert, link_, *rows_, &control)),
       horizontal_(new BarMirror(Qt::Horizontal, &Surface::scrHorz, link_, *rows_, &control)),
       more_(new QToolButton(&control)),
+      editor_(new LineEditor(link_, &control)),
       focus_(link_, control) {
     rows_->setObjectName("rows");
     vertical_->setObjectName("scrVert");
@@ -40,12 +41,21 @@ void LiveSurface::wireElements(QWidget& control) {
     focus_.add(FocusChild::TextArea, rows_);
     focus_.add(FocusChild::SearchBox, tools_->searchBox());
     focus_.add(FocusChild::LineBox, tools_->lineBox());
+    focus_.add(FocusChild::Editor, editor_);
     const QPointer<LiveSurface> alive(this);
     link_->box()->Elements().Focus.OnRequest = [alive](FocusChild child) {
-        return alive != nullptr && alive->focus_.request(child);
+        return alive != nullptr && alive->moveFocus(child);
     };
     wireMenu(&Surface::mnuPopup, control);
     wireMenu(&Surface::mnuCollapse, control);
+}
+
+// An editor that has just been opened must be on the screen before it can have the focus.
+bool LiveSurface::moveFocus(FocusChild child) {
+    if (child == FocusChild::Editor && link_->box() != nullptr) {
+        editor_->mirror(link_->box()->Elements(), inner_.topLeft());
+    }
+    return focus_.request(child);
 }
 
 void LiveSurface::wireMenu(Menu Surface::*menu, QWidget& control) {
@@ -64,6 +74,7 @@ unsigned LiveSurface::changeOf(const Element& element) const {
     const Surface& surface = link_->box()->Elements();
     if (&element == &surface.imgMarker) return Marker;
     if (&element == &surface.tmrImage) return Blinking;
+    if (&element == &surface.rtbEdit) return Editor;
     for (const Element* ofFrame : {static_cast<const Element*>(&surface.scrVert),
                                    static_cast<const Element*>(&surface.scrHorz),
                                    static_cast<const Element*>(&surface.tbMore),
@@ -119,6 +130,8 @@ void LiveSurface::showChanges() {
     if (changes & Blinking) showBlinking(surface);
     if (changes & Rows) rows_->update();
     if (changes & Marker) showMarker(surface);
+    // The editor lies over the rows and ends above the bar.
+    if (changes & (Editor | Frame)) editor_->mirror(surface, inner_.topLeft());
 }
 
 void LiveSurface::showFrame(const Surface& surface) {

@@ -10,6 +10,7 @@
 #include "qt/bar_mirror.h"
 #include "qt/control_link.h"
 #include "qt/focus_bridge.h"
+#include "qt/line_editor.h"
 #include "qt/rows_area.h"
 #include "qt/tool_strip.h"
 
@@ -37,16 +38,18 @@ public:
     BarMirror& verticalBar() { return *vertical_; }
     BarMirror& horizontalBar() { return *horizontal_; }
     QToolButton& moreButton() { return *more_; }
+    LineEditor& editor() { return *editor_; }
 
 private:
     /// What is to be shown again.
-    enum Change : unsigned { Rows = 1, Frame = 2, Marker = 4, Blinking = 8 };
+    enum Change : unsigned { Rows = 1, Frame = 2, Marker = 4, Blinking = 8, Editor = 16 };
 
     void Setting(const Element& element, std::string_view property) override;
     unsigned changeOf(const Element& element) const;
     void takeInnerSize();
     QRect innerRect() const;
     void makeMoreButton(QWidget& control);
+    bool moveFocus(FocusChild child);
     void wireElements(QWidget& control);
     void wireMenu(Menu Surface::*menu, QWidget& control);
     void showFrame(const Surface& surface);
@@ -60,6 +63,7 @@ private:
     BarMirror* vertical_;
     BarMirror* horizontal_;
     QToolButton* more_;
+    LineEditor* editor_;
     FocusBridge focus_;
     QTimer blinking_;
     QRect outer_;

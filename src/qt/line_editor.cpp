@@ -1,0 +1,164 @@
+#include "qt/line_editor.h"
+
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTextCursor>
+#include <QtMath>
+#include <algorithm>
+
+#include "qt/conversions.h"
+#include "qt/editor_text.h"
+#include "qt/font_faces.h"
+#include "qt/input_codes.h"
+#include "qt/system_colours.h"
+
+namespace quorvale {
+
+namespace {
+
+constexpr int frame = 1;
+constexpr int blanksPerTab = 8;
+
+}  // namespace
+
+LineEditor::LineEditor(ControlLinkPtr link, QWidget* parent)
+    : QPlainTextEdit(parent), link_(std::move(link)) {
+    setObjectName("rtbEdit");
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(frame);
+    setLineWrapMode(QPlainTextEdit::NoWrap);
+    // One row has no room for a bar below it: the insertion point takes the text along.
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    document()->setDocumentMargin(0);
+    hide();
+    connect(this, &QPlainTextEdit::textChanged, this, &LineEditor::takeText);
+}
+
+void LineEditor::mirror(const Surface& surface, QPoint controlOrigin) {
+    const TextBox& box = surface.rtbEdit;
+    if (!box.Visible()) {
+        hide();
+        return;
+    }
+    showing_ = true;
+    showLook(box);
+    showText(box);
+    showing_ = false;
+    place(surface, controlOrigin);
+    if (isHidden()) {
+        raise();
+        show();
+    }
+}
+
+void LineEditor::showText(const TextBox& box) {
+    if (textOf(*document()) == box.Text()) return;
+    // What was there before is no step to go back to.
+    document()->setUndoRedoEnabled(false);
+    QTextCursor cursor(document());
+    cursor.select(QTextCursor::Document);
+    insertText(cursor, box.Text());
+    document()->setUndoRedoEnabled(true);
+    cursor.setPosition(0);
+    setTextCursor(cursor);
+    composing_ = false;
+}
+
+void LineEditor::showLook(const TextBox& box) {
+    const QFont wanted = toQFont(box.Font());
+    if (font() != wanted) setFont(wanted);
+    setTabStopDistance(QFontMetricsF(wanted).horizontalAdvance(QLatin1Char(' ')) * blanksPerTab);
+}
+
+void LineEditor::place(const Surface& surface, QPoint controlOrigin) {
+    QRect area = pixelRect(surface.rtbEdit).toRect().translated(controlOrigin);
+    const int rows = qCeil(toPixels(surface.RowHeight()) * blockCount()) + 2 * frame;
+    const int lowest = surface.scrHorz.Visible()
+                           ? qRound(toPixels(surface.scrHorz.Top())) + controlOrigin.y()
+                           : parentWidget()->height();
+    area.setHeight(std::max(area.height(), std::min(rows, lowest - area.top())));
+    if (geometry() != area) setGeometry(area);
+}
+
+void LineEditor::takeText() {
+    if (showing_) return;
+    link_->run([&](Surface& surface) { surface.rtbEdit.SetText(textOf(*document())); });
+}
+
+// Text that is typed beside a sign would remember what the sign stands for.
+void LineEditor::typePlainly() {
+    if (!textCursor().hasSelection()) setCurrentCharFormat({});
+}
+
+void LineEditor::keyPressEvent(QKeyEvent* event) {
+    std::int16_t code = composing_ ? std::int16_t{0} : keyCodeOf(*event);
+    const bool known = code != 0;
+    const std::int16_t shift = shiftMaskOf(event->modifiers());
+    const bool there = link_->run([&](Surface& surface) {
+        if (known && surface.OnKeyDown) surface.OnKeyDown(code, shift);
+        if (known) code = surface.rtbEdit.UserKey(code, shift);
+    });
+    if (!there || (known && code == 0)) {
+        event->accept();
+        return;
+    }
+    typePlainly();
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+void LineEditor::keyReleaseEvent(QKeyEvent* event) {
+    const std::int16_t code = composing_ ? std::int16_t{0} : keyCodeOf(*event);
+    if (code != 0 && !event->isAutoRepeat()) {
+        const std::int16_t shift = shiftMaskOf(event->modifiers());
+        const bool there = link_->run([&](Surface& surface) {
+            if (surface.OnKeyUp) surface.OnKeyUp(code, shift);
+        });
+        if (!there) return;
+    }
+    QPlainTextEdit::keyReleaseEvent(event);
+}
+
+void LineEditor::inputMethodEvent(QInputMethodEvent* event) {
+    composing_ = !event->preeditString().isEmpty();
+    typePlainly();
+    QPlainTextEdit::inputMethodEvent(event);
+}
+
+void LineEditor::focusOutEvent(QFocusEvent* event) {
+    composing_ = false;
+    QPlainTextEdit::focusOutEvent(event);
+}
+
+// Esc and Ctrl+Enter belong to the editor before any shortcut of its window.
+bool LineEditor::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool isReturn = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (key->key() == Qt::Key_Escape ||
+            (isReturn && key->modifiers().testFlag(Qt::ControlModifier))) {
+            event->accept();
+            return true;
+        }
+    }
+    return QPlainTextEdit::event(event);
+}
+
+QMimeData* LineEditor::createMimeDataFromSelection() const {
+    auto* copied = new QMimeData;
+    QString text = toQString(selectedTextOf(textCursor()));
+    copied->setText(text.replace("\r\n", "\n"));
+    return copied;
+}
+
+void LineEditor::insertFromMimeData(const QMimeData* source) {
+    if (!source->hasText()) return;
+    QString text = source->text();
+    text.replace("\r\n", "\n").replace("\n", "\r\n");
+    QTextCursor cursor = textCursor();
+    insertText(cursor, toUtf16(text));
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+}  // namespace quorvale
