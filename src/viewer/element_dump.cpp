@@ -6,7 +6,7 @@
 #include <QSaveFile>
 
 #include "qt/conversions.h"
-#include "qt/quorvale_box_widget.h"
+#include "viewer/viewer_window.h"
 
 namespace quorvale {
 
@@ -86,15 +86,15 @@ QByteArray dumpElements(QuorvaleBoxWidget& control) {
     return QJsonDocument(dump).toJson();
 }
 
-ElementDump::ElementDump(QuorvaleBoxWidget& control, QString fileName)
-    : QObject(&control), control_(control), fileName_(std::move(fileName)) {
+ElementDump::ElementDump(ViewerWindow& window, QString fileName)
+    : QObject(&window), window_(window), fileName_(std::move(fileName)) {
     timer_.setInterval(milliseconds);
     connect(&timer_, &QTimer::timeout, this, &ElementDump::write);
     timer_.start();
 }
 
 void ElementDump::write() {
-    const QByteArray dump = dumpElements(control_);
+    const QByteArray dump = dumpElements(window_.control());
     if (dump == written_) return;
     QSaveFile file(fileName_);
     if (!file.open(QIODevice::WriteOnly) || file.write(dump) != dump.size()) return;

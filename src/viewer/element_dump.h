@@ -7,23 +7,24 @@
 namespace quorvale {
 
 class QuorvaleBoxWidget;
+class ViewerWindow;
 
 /// What a control shows, as JSON: the caret, the selection, and every row on screen with its line,
 /// text, glyph and places in pixels of the control. For tools and tests that look at a running
 /// viewer from outside.
 QByteArray dumpElements(QuorvaleBoxWidget& control);
 
-/// Keeps a file up to date with what a control shows, written whole each time.
+/// Keeps a file up to date with what a window's control shows, written whole each time.
 class ElementDump final : public QObject {
     Q_OBJECT
 
 public:
-    ElementDump(QuorvaleBoxWidget& control, QString fileName);
+    ElementDump(ViewerWindow& window, QString fileName);
 
 private:
     void write();
 
-    QuorvaleBoxWidget& control_;
+    ViewerWindow& window_;
     QString fileName_;
     QByteArray written_;
     QTimer timer_;

@@ -121,7 +121,7 @@ int main(int argc, char** argv) {
     // A snapshot is laid out like a window on the screen, without being seen there.
     window.setAttribute(Qt::WA_DontShowOnScreen, !request.Snapshot.isEmpty());
     window.show();
-    if (!request.Dump.isEmpty()) new quorvale::ElementDump(window.control(), request.Dump);
+    if (!request.Dump.isEmpty()) new quorvale::ElementDump(window, request.Dump);
     if (!request.File.isEmpty()) {
         const QString reason = window.openFile(request.File);
         if (!reason.isEmpty() && !request.Snapshot.isEmpty()) {

@@ -1,12 +1,12 @@
 #include "viewer/view_menu.h"
 
-#include <QGuiApplication>
 #include <QLocale>
 #include <QMenu>
 #include <QPalette>
 
 #include "control/host_extras.h"
 #include "qt/quorvale_box_widget.h"
+#include "viewer/busy_cursor.h"
 #include "viewer/severity_colours.h"
 
 namespace quorvale {
@@ -16,18 +16,13 @@ namespace {
 /// Keeps the view still and shows that something takes its time.
 class BusyView {
 public:
-    explicit BusyView(QuorvaleBox& box) : box_(box) {
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-        box_.AutoRedraw(false);
-    }
-    ~BusyView() {
-        box_.AutoRedraw(true);
-        QGuiApplication::restoreOverrideCursor();
-    }
+    explicit BusyView(QuorvaleBox& box) : box_(box) { box_.AutoRedraw(false); }
+    ~BusyView() { box_.AutoRedraw(true); }
     BusyView(const BusyView&) = delete;
     BusyView& operator=(const BusyView&) = delete;
 
 private:
+    BusyCursor cursor_;
     QuorvaleBox& box_;
 };
 
@@ -49,8 +44,7 @@ SeverityColours coloursFor(const QPalette& palette) {
 
 }  // namespace
 
-ViewMenu::ViewMenu(QMenu& menu, QuorvaleBoxWidget& control)
-    : QObject(&menu), control_(control), folds_(this) {
+ViewMenu::ViewMenu(QMenu& menu) : QObject(&menu), folds_(this) {
     folds_.setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     byIndentation_ = addToggle(menu, tr("Fold by &indentation"));
     byBlankLines_ = addToggle(menu, tr("Fold by &blank lines"));
@@ -68,20 +62,26 @@ QAction* ViewMenu::addToggle(QMenu& menu, const QString& text) {
     return action;
 }
 
-void ViewMenu::applyToDocument() {
+void ViewMenu::applyTo(QuorvaleBoxWidget& control) {
+    control_ = &control;
     if (folds_.checkedAction() != nullptr) fold();
+    recolour();
+}
+
+void ViewMenu::recolour() {
     if (bySeverity_->isChecked()) colour();
 }
 
 void ViewMenu::fold() {
-    const BusyView busy(control_.box());
-    control_.box().Extras().ForgetFolds();
+    if (control_ == nullptr) return;
+    const BusyView busy(control_->box());
+    control_->box().Extras().ForgetFolds();
     if (byIndentation_->isChecked()) addFolds(&foldsByIndentation);
     if (byBlankLines_->isChecked()) addFolds(&foldsByBlankLines);
 }
 
 void ViewMenu::addFolds(FoldFinder find) {
-    QuorvaleBox& box = control_.box();
+    QuorvaleBox& box = control_->box();
     const auto lines = [&box](std::int32_t line) { return box.Extras().RawLineText(line); };
     const std::vector<FoldRange> folds = find(lines, box.LineCount());
     for (const FoldRange& range : folds) box.CollapseLines(range.First, range.Last);
@@ -91,9 +91,10 @@ void ViewMenu::addFolds(FoldFinder find) {
 }
 
 void ViewMenu::colour() {
-    QuorvaleBox& box = control_.box();
+    if (control_ == nullptr) return;
+    QuorvaleBox& box = control_->box();
     const BusyView busy(box);
-    const SeverityColours colours = coloursFor(control_.palette());
+    const SeverityColours colours = coloursFor(control_->palette());
     const Colour plain = box.ForeColor();
     const bool on = bySeverity_->isChecked();
     for (std::int32_t line = 1; line <= box.LineCount(); ++line) {

@@ -2,14 +2,14 @@
 
 #include <QActionGroup>
 #include <QObject>
+#include <QPointer>
 
+#include "qt/quorvale_box_widget.h"
 #include "viewer/line_folds.h"
 
 class QMenu;
 
 namespace quorvale {
-
-class QuorvaleBoxWidget;
 
 /// The View menu: folds and colours that help to read a file. All are off until the user asks for
 /// them; then they hold for every file that is opened.
@@ -17,10 +17,14 @@ class ViewMenu final : public QObject {
     Q_OBJECT
 
 public:
-    ViewMenu(QMenu& menu, QuorvaleBoxWidget& control);
+    explicit ViewMenu(QMenu& menu);
 
-    /// A document was put in place: what is switched on is done to it.
-    void applyToDocument();
+    /// What is switched on is done to the document that this control shows, and what the user
+    /// switches from now on too.
+    void applyTo(QuorvaleBoxWidget& control);
+
+    /// The desktop's colours changed: text must stay readable.
+    void recolour();
 
 signals:
     /// For the status bar.
@@ -34,7 +38,7 @@ private:
     void fold();
     void colour();
 
-    QuorvaleBoxWidget& control_;
+    QPointer<QuorvaleBoxWidget> control_;
     QActionGroup folds_;
     QAction* byIndentation_;
     QAction* byBlankLines_;

@@ -16,6 +16,7 @@
 #include "qt/qt_picture.h"
 #include "qt/row_copying.h"
 #include "resources/pictures.h"
+#include "viewer/busy_cursor.h"
 #include "viewer/open_check.h"
 #include "viewer/view_menu.h"
 
@@ -54,26 +55,41 @@ QIcon viewerIcon() {
 
 }  // namespace
 
-ViewerWindow::ViewerWindow()
-    : control_(new QuorvaleBoxWidget(this)), copying_(new RowCopying(*control_)) {
-    makeControl();
+ViewerWindow::ViewerWindow() {
     makeMenus();
     makeStatusBar();
-    setCentralWidget(control_);
+    renewControl();
     setAcceptDrops(true);
     setWindowTitle("QuorvaleBox");
     setWindowIcon(viewerIcon());
     resize(startSize);
-    control_->setFocus();
 }
 
-void ViewerWindow::makeControl() {
+// Every document gets a control of its own: the old one closes its journal under its own name. It
+// goes first, two documents of a gigabyte side by side are too much.
+void ViewerWindow::renewControl() {
+    delete control_;
+    control_ = new QuorvaleBoxWidget(this);
+    setUp(*control_);
+    copying_ = new RowCopying(*control_);
+    connect(copying_, &RowCopying::copied, this, [this](int rows) {
+        tellBriefly(rows == 1 ? tr("1 row copied")
+                              : tr("%1 rows copied").arg(QLocale().toString(rows)));
+    });
+    connect(copying_, &RowCopying::tooMuch, this,
+            [this] { tellBriefly(tr("Too much text to copy: select fewer rows")); });
+    setCentralWidget(control_);
+    control_->setFocus();
+    view_->applyTo(*control_);
+}
+
+void ViewerWindow::setUp(QuorvaleBoxWidget& control) {
     HostOptions options;
     options.WideScrollBars = true;
     options.TallView = true;
     options.Encoding = Encoding::Automatic;
-    control_->setOptions(options);
-    QuorvaleBox& box = control_->box();
+    control.setOptions(options);
+    QuorvaleBox& box = control.box();
     box.Font(fromQFont(QFontDatabase::systemFont(QFontDatabase::FixedFont)));
     box.BackColor(documentGround);
     box.ForeColor(documentText);
@@ -86,7 +102,7 @@ void ViewerWindow::makeControl() {
 void ViewerWindow::makeMenus() {
     makeFileMenu();
     makeEditMenu();
-    view_ = new ViewMenu(*menuBar()->addMenu(tr("&View")), *control_);
+    view_ = new ViewMenu(*menuBar()->addMenu(tr("&View")));
     connect(view_, &ViewMenu::told, this, &ViewerWindow::tellBriefly);
 }
 
@@ -94,15 +110,9 @@ void ViewerWindow::makeMenus() {
 // names them.
 void ViewerWindow::makeEditMenu() {
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
-    edit->addAction(tr("&Copy rows") + "\tCtrl+C", copying_, &RowCopying::copyRows);
-    edit->addAction(tr("Copy rows with line &numbers") + "\tCtrl+Shift+C", copying_,
-                    &RowCopying::copyNumberedRows);
-    connect(copying_, &RowCopying::copied, this, [this](int rows) {
-        tellBriefly(rows == 1 ? tr("1 row copied")
-                              : tr("%1 rows copied").arg(QLocale().toString(rows)));
-    });
-    connect(copying_, &RowCopying::tooMuch, this,
-            [this] { tellBriefly(tr("Too much text to copy: select fewer rows")); });
+    edit->addAction(tr("&Copy rows") + "\tCtrl+C", this, [this] { copying_->copyRows(); });
+    edit->addAction(tr("Copy rows with line &numbers") + "\tCtrl+Shift+C", this,
+                    [this] { copying_->copyNumberedRows(); });
 }
 
 void ViewerWindow::makeFileMenu() {
@@ -125,6 +135,8 @@ QString ViewerWindow::openFile(const QString& fileName) {
     const QString reason = whyNotOpenable(fileName);
     if (!reason.isEmpty()) return reason;
     const QFileInfo file(fileName);
+    const BusyCursor busy;
+    renewControl();
     control_->loadFile(file.absoluteFilePath());
     // The control offers "Edit" exactly while it shows a file.
     if (!control_->box().Elements().tbMore.Button(u"Edit").Enabled) {
@@ -136,7 +148,7 @@ QString ViewerWindow::openFile(const QString& fileName) {
     fileName_ = file.absoluteFilePath();
     setWindowTitle(tr("%1 \u2014 QuorvaleBox").arg(file.fileName()));
     showStatus(file.size());
-    view_->applyToDocument();
+    view_->applyTo(*control_);
     return {};
 }
 
@@ -178,6 +190,13 @@ void ViewerWindow::chooseFile() {
     const QString chosen = QFileDialog::getOpenFileName(this, tr("Open a file"),
                                                         fileName_.isEmpty() ? QString() : folder);
     if (!chosen.isEmpty()) openOrTell(chosen);
+}
+
+void ViewerWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || view_ == nullptr) return;
+    // The control hears of its new palette after its window.
+    QMetaObject::invokeMethod(view_, &ViewMenu::recolour, Qt::QueuedConnection);
 }
 
 // Always a copy: whoever offers a file to be moved would delete it afterwards.

@@ -12,20 +12,22 @@ namespace quorvale {
 class RowCopying;
 class ViewMenu;
 
-/// The viewer's window: the control with one file, its menus and a status bar. Files can be dropped
-/// on it.
+/// The viewer's window: one file in a control of its own, menus and a status bar. Files can be
+/// dropped on it.
 class ViewerWindow final : public QMainWindow {
     Q_OBJECT
 
 public:
     ViewerWindow();
 
-    /// Shows the file and returns the empty text; or says why not, and what was shown stays.
+    /// Shows the file in a new control and returns the empty text; or says why not. What was shown
+    /// stays unless the file turns out unreadable on the way.
     QString openFile(const QString& fileName);
 
     /// Puts the caret on a line and shows it.
     void goToLine(int line);
 
+    /// The control of the file that is shown: another one after the next file was opened.
     QuorvaleBoxWidget& control() { return *control_; }
     ViewMenu& view() { return *view_; }
     QString statusText() const;
@@ -37,9 +39,11 @@ public slots:
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
-    void makeControl();
+    void renewControl();
+    void setUp(QuorvaleBoxWidget& control);
     void makeMenus();
     void makeFileMenu();
     void makeEditMenu();
@@ -49,8 +53,8 @@ private:
     void tell(const QString& message);
     void tellBriefly(const QString& message);
 
-    QuorvaleBoxWidget* control_;
-    RowCopying* copying_;
+    QuorvaleBoxWidget* control_ = nullptr;
+    RowCopying* copying_ = nullptr;
     ViewMenu* view_ = nullptr;
     QLabel* lines_ = nullptr;
     QLabel* size_ = nullptr;
