@@ -50,13 +50,19 @@ void Appearance::SetEnabled(bool enabled) {
     Report(u"Enabled");
 }
 
-void Appearance::SetFont(const Font& font) {
+void Appearance::TakeFont(const Font& font) {
     Surface& surface = parts_.Elements;
     PaintedElement* const elements[] = {&surface.UserControl, &surface.picFocus,  &surface.rtbEdit,
                                         &surface.lvFound,     &surface.txtSearch, &surface.txtLn};
     for (PaintedElement* element : elements) element->TakeFontFace(font);
     for (Label& label : surface.lblLine) label.TakeFontFace(font);
     parts_.Slots.TakeRowHeight(*parts_.Services.Metrics);
+}
+
+void Appearance::StartWithAmbientFont() { TakeFont(parts_.Services.Site->Font()); }
+
+void Appearance::SetFont(const Font& font) {
+    TakeFont(font);
     InitSurface();
     parts_.Layout.LayoutView();
     parts_.Fill.FillRows();

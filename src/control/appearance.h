@@ -29,12 +29,16 @@ public:
     /// Null brings the control's own marker back.
     void SetIcon(PicturePtr picture);
 
+    /// A control that is being created has the font of its surroundings.
+    void StartWithAmbientFont();
+
     /// The rows' places are made anew, for a new control or a new font.
     void InitSurface();
     /// The first row shows the control's name, as long as there is no document.
     void ShowName();
 
 private:
+    void TakeFont(const Font& font);
     void Report(std::u16string_view property);
 
     ControlParts& parts_;

@@ -36,9 +36,10 @@ ControlParts::ControlParts(HostServices services, HostOptions options)
       Glyphs(Elements, Collapse, Folding),
       Appearance(*this),
       Shell(*this),
+      Persistence(*this),
       Extras(*this) {
     CreateElements(Elements, Texts, Options);
-    Slots.TakeRowHeight(*Services.Metrics);
+    Appearance.StartWithAmbientFont();
     WireHandlers(*this);
 }
 

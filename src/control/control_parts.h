@@ -8,6 +8,7 @@
 #include "control/appearance.h"
 #include "control/event_hub.h"
 #include "control/host_extras.h"
+#include "control/persistence.h"
 #include "control/shell.h"
 #include "control/switchboard.h"
 #include "document/line_access.h"
@@ -85,6 +86,7 @@ public:
 
     quorvale::Appearance Appearance;
     quorvale::Shell Shell;
+    quorvale::Persistence Persistence;
     HostExtras Extras;
 
     /// How many members and handlers of this control are running inside one another.

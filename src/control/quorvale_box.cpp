@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "control/creation.h"
 #include "control/frame.h"
 #include "document/positions.h"
 #include "state/slot_lines.h"
@@ -10,49 +9,7 @@
 namespace quorvale {
 
 QuorvaleBox::QuorvaleBox(HostServices services, HostOptions options)
-    : parts_(std::make_shared<ControlParts>(std::move(services), std::move(options))) {}
-
-QuorvaleBox::~QuorvaleBox() {
-    parts_->Events.Silence();
-    const Frame frame(parts_);
-    try {
-        frame->Peers.CloseJournal();
-    } catch (const ControlError&) {
-        // There is nobody left to tell.
-    }
-}
-
-void QuorvaleBox::InitProperties() {
-    const Frame frame(parts_);
-    frame->Looks.EnabledFlag = false;
-    frame->Slots.CreateRowSlots();
-    frame->Appearance.InitSurface();
-    frame->Appearance.ShowName();
-}
-
-void QuorvaleBox::Show() { AutoRedraw(true); }
-
-void QuorvaleBox::Hide() { AutoRedraw(false); }
-
-void QuorvaleBox::AmbientChanged(std::u16string_view name) {
-    const Frame frame(parts_);
-    if (name == u"DisplayName") frame->Appearance.ShowName();
-}
-
-void QuorvaleBox::SetEvents(QuorvaleBoxEvents* events) { parts_->Events.Listener = events; }
-
-void QuorvaleBox::SetEventSink(EventSink* sink) { parts_->Events.SetSink(sink); }
-
-Surface& QuorvaleBox::Elements() { return parts_->Elements; }
-
-const HostOptions& QuorvaleBox::Options() const { return parts_->Options; }
-
-void QuorvaleBox::SetOptions(HostOptions options) {
-    parts_->Options = std::move(options);
-    CreateBoundaries(parts_->Elements, parts_->Options);
-}
-
-HostExtras& QuorvaleBox::Extras() const { return parts_->Extras; }
+    : HostedControl(std::move(services), std::move(options)) {}
 
 void QuorvaleBox::LoadFile(const std::u16string& FileName) {
     const Frame frame(parts_);

@@ -6,51 +6,20 @@
 #include <string_view>
 
 #include "base/units.h"
-#include "control/quorvale_box_events.h"
-#include "platform/event_sink.h"
-#include "platform/host_options.h"
-#include "platform/host_services.h"
-#include "platform/surface.h"
+#include "control/hosted_control.h"
 
 namespace quorvale {
-
-class ControlParts;
-class HostExtras;
 
 /// A read-mostly viewer of one text file. Everything runs on one thread, the one that created the
 /// control. Lines and caret columns are 1-based 32-bit numbers, sizes and places are twips, texts
 /// are UTF-16. A member that fails throws ControlError and leaves the control usable; a bad line
 /// number is no failure: getters answer "", the control's colour or 0, setters do nothing.
-class QuorvaleBox {
+class QuorvaleBox : public HostedControl {
 public:
     /// Creates the control and sets all its texts. The services must all be given.
     explicit QuorvaleBox(HostServices services, HostOptions options = {});
     /// Saves the corrections beside the file, or removes their file when there are none.
-    ~QuorvaleBox();
-    QuorvaleBox(const QuorvaleBox&) = delete;
-    QuorvaleBox& operator=(const QuorvaleBox&) = delete;
-
-    // What the container delivers, in this order.
-
-    /// The control is new: its rows are created and placed, the first one shows its name.
-    void InitProperties();
-    void Show();
-    void Hide();
-    /// The surroundings changed; only "DisplayName" matters.
-    void AmbientChanged(std::u16string_view name);
-
-    /// Who hears the events; null for nobody. Must outlive the control or be taken back.
-    void SetEvents(QuorvaleBoxEvents* events);
-    void SetEventSink(EventSink* sink);
-
-    /// The elements that a surface shows. They live as long as the control.
-    Surface& Elements();
-
-    const HostOptions& Options() const;
-    /// Takes effect at the next load or layout; to be set before a document is.
-    void SetOptions(HostOptions options);
-    /// What a host may ask and do beyond these members.
-    HostExtras& Extras() const;
+    ~QuorvaleBox() = default;
 
     // The document.
 
@@ -142,9 +111,6 @@ public:
     void BorderStyle(std::int16_t style);
     /// The caret's picture; null for the control's own.
     void Icon(PicturePtr picture);
-
-private:
-    std::shared_ptr<ControlParts> parts_;
 };
 
 }  // namespace quorvale

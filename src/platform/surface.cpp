@@ -45,6 +45,7 @@ Surface::Surface(const TextMetrics& metrics)
       lnExpand(ElementArray<LineShape>::WithModel(LineShape("lnExpand"))),
       lnExpandTo(ElementArray<LineShape>::WithModel(LineShape("lnExpandTo"))),
       lnGrid("lnGrid", 1) {
+    UserControl.SetBorderStyle(1);
     picBorder.SetWidth(borderWidth);
     scrVert.SetWidth(barBreadth);
     scrHorz.SetHeight(barBreadth);

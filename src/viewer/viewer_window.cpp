@@ -91,6 +91,8 @@ void ViewerWindow::setUp(QuorvaleBoxWidget& control) {
     control.setOptions(options);
     QuorvaleBox& box = control.box();
     box.Font(fromQFont(QFontDatabase::systemFont(QFontDatabase::FixedFont)));
+    // The window has a frame already.
+    box.BorderStyle(0);
     box.BackColor(documentGround);
     box.ForeColor(documentText);
     // The glyphs stand on the document's ground; only the strip for line images is set off.

@@ -51,30 +51,12 @@ bool TextRecordsNothing(QuorvaleBox& box) {
     return AnOpenEditorStaysOpen(box, [&] { box.text(u"x"); });
 }
 
-/// What a container calls to store a control with its form, and to bring it back.
-template <class Box>
-constexpr bool isStored = requires {
-    &Box::WriteProperties;
-}
-|| requires { &Box::ReadProperties; };
-
-bool NothingStoresIt(QuorvaleBox&) { return !isStored<QuorvaleBox>; }
-
 std::vector<Unfinished> UnfinishedMembers() {
-    constexpr std::string_view stored = "a form does not store it";
     return {
         {"SearchText", "typing does not search yet", NothingSearchesWhileTyping},
         {"SearchFiles", "nothing is searched yet", FindAllFindsNothing},
         {"LoadFile", "corrections are not recorded yet", LoadFileRecordsNothing},
         {"text", "corrections are not recorded yet", TextRecordsNothing},
-        {"BackColor", stored, NothingStoresIt},
-        {"ForeColor", stored, NothingStoresIt},
-        {"BorderColor", stored, NothingStoresIt},
-        {"LeftBorderWidth", stored, NothingStoresIt},
-        {"Enabled", stored, NothingStoresIt},
-        {"Font", stored, NothingStoresIt},
-        {"BorderStyle", stored, NothingStoresIt},
-        {"ShowGrid", stored, NothingStoresIt},
     };
 }
 

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "control/quorvale_box_events.h"
+#include "platform/event_sink.h"
+#include "platform/host_options.h"
+#include "platform/host_services.h"
+#include "platform/property_bag.h"
+#include "platform/surface.h"
+
+namespace quorvale {
+
+class ControlParts;
+class HostExtras;
+
+/// What a host does with the control around its members: it creates it, brings it to life, listens,
+/// shows its elements and ends it. Everything runs on one thread, the one that created the control.
+class HostedControl {
+public:
+    HostedControl(const HostedControl&) = delete;
+    HostedControl& operator=(const HostedControl&) = delete;
+
+    // What the container delivers, in this order.
+
+    /// The control is new: its rows are created and placed, the first one shows its name.
+    void InitProperties();
+    /// Or it was stored: its properties come back with all their effects. What the bag does not
+    /// hold, or holds as something else, gets its default.
+    void ReadProperties(PropertyBag& bag);
+    void Show();
+    void Hide();
+    /// The surroundings changed; only "DisplayName" matters.
+    void AmbientChanged(std::u16string_view name);
+    /// Stores the properties that differ from their defaults.
+    void WriteProperties(PropertyBag& bag) const;
+
+    /// Who hears the events; null for nobody. Must outlive the control or be taken back.
+    void SetEvents(QuorvaleBoxEvents* events);
+    void SetEventSink(EventSink* sink);
+
+    /// The elements that a surface shows. They live as long as the control.
+    Surface& Elements();
+
+    const HostOptions& Options() const;
+    /// Takes effect at the next load or layout; to be set before a document is.
+    void SetOptions(HostOptions options);
+
+    /// What a host may ask and do beyond the members.
+    HostExtras& Extras() const;
+
+protected:
+    HostedControl(HostServices services, HostOptions options);
+    ~HostedControl();
+
+    std::shared_ptr<ControlParts> parts_;
+};
+
+}  // namespace quorvale

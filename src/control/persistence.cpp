@@ -1,0 +1,85 @@
+#include "control/persistence.h"
+
+#include <string_view>
+
+#include "base/errors.h"
+#include "control/control_parts.h"
+
+namespace quorvale {
+
+namespace {
+
+constexpr Colour defaultGround = system_colour::ButtonFace;
+constexpr Colour defaultText = system_colour::ButtonText;
+constexpr float defaultBorderWidth = 240;
+constexpr bool defaultEnabled = false;
+constexpr std::int16_t defaultBorderStyle = 1;
+constexpr bool defaultGrid = false;
+
+bool IsNumber(const Variant& value) {
+    return std::holds_alternative<std::int16_t>(value) ||
+           std::holds_alternative<std::int32_t>(value) || std::holds_alternative<float>(value) ||
+           std::holds_alternative<double>(value);
+}
+
+/// Reads a key with a conversion; whatever cannot be converted counts as absent.
+template <class T, class Convert>
+T ReadAs(PropertyBag& bag, std::u16string_view key, T absent, Convert convert) {
+    const Variant value = bag.Read(key);
+    if (!IsNumber(value) && !std::holds_alternative<bool>(value)) return absent;
+    try {
+        return convert(value);
+    } catch (const ControlError&) {
+        return absent;
+    }
+}
+
+Colour ReadColour(PropertyBag& bag, std::u16string_view key, Colour absent) {
+    return ReadAs(bag, key, absent, [](const Variant& value) { return ToColour(value); });
+}
+
+bool ReadBoolean(PropertyBag& bag, std::u16string_view key, bool absent) {
+    return ReadAs(bag, key, absent, [](const Variant& value) { return ToBoolean(value); });
+}
+
+Font ReadFont(PropertyBag& bag, const Font& absent) {
+    const Variant value = bag.Read(u"Font");
+    const Font* font = std::get_if<Font>(&value);
+    return font == nullptr ? absent : *font;
+}
+
+Variant Stored(Colour colour) { return static_cast<std::int32_t>(colour); }
+
+}  // namespace
+
+void Persistence::Read(PropertyBag& bag) {
+    Appearance& appearance = parts_.Appearance;
+    appearance.SetBackColor(ReadColour(bag, u"BackColor", defaultGround));
+    appearance.SetForeColor(ReadColour(bag, u"ForeColor", defaultText));
+    appearance.SetBorderColor(ReadColour(bag, u"BorderColor", defaultGround));
+    float width = ReadAs(bag, u"LeftBorderWidth", defaultBorderWidth,
+                         [](const Variant& value) { return ToSingle(value); });
+    appearance.SetLeftBorderWidth(width);
+    parts_.Shell.SetShowGrid(ReadBoolean(bag, u"ShowGrid", defaultGrid));
+    parts_.Looks.EnabledFlag = ReadBoolean(bag, u"Enabled", defaultEnabled);
+    const std::int16_t style = ReadAs(bag, u"BorderStyle", defaultBorderStyle,
+                                      [](const Variant& value) { return ToShort(value); });
+    if (style == 0 || style == 1) parts_.Elements.UserControl.SetBorderStyle(style);
+    appearance.SetFont(ReadFont(bag, parts_.Services.Site->Font()));
+}
+
+void Persistence::Write(PropertyBag& bag) const {
+    const Surface& surface = parts_.Elements;
+    const Box& control = surface.UserControl;
+    bag.Write(u"BackColor", Stored(control.BackColor()), Stored(defaultGround));
+    bag.Write(u"ForeColor", Stored(control.ForeColor()), Stored(defaultText));
+    bag.Write(u"BorderColor", Stored(surface.picBorder.BackColor()), Stored(defaultGround));
+    bag.Write(u"LeftBorderWidth", static_cast<float>(surface.picBorder.Width()),
+              defaultBorderWidth);
+    bag.Write(u"Enabled", parts_.Looks.EnabledFlag, defaultEnabled);
+    bag.Write(u"Font", control.Font(), parts_.Services.Site->Font());
+    bag.Write(u"BorderStyle", static_cast<std::int16_t>(control.BorderStyle()), defaultBorderStyle);
+    bag.Write(u"ShowGrid", surface.tbMore.Button(u"Grid").Pressed, defaultGrid);
+}
+
+}  // namespace quorvale

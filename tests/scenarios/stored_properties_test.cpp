@@ -1,0 +1,239 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+#include "headless/headless_box.h"
+#include "platform/property_bag.h"
+#include "support/documents.h"
+
+namespace quorvale {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+/// Notes what is asked of it, in order.
+class NotingBag final : public PropertyBag {
+public:
+    MemoryBag Kept;
+    Lines Asked;
+
+    Variant Read(std::u16string_view key) override {
+        Asked.push_back(ToUtf8(key));
+        return Kept.Read(key);
+    }
+    void Write(std::u16string_view key, const Variant& value,
+               const Variant& defaultValue) override {
+        Asked.push_back(ToUtf8(key) + " " + ToUtf8(TextOfValue(defaultValue)));
+        Kept.Write(key, value, defaultValue);
+    }
+};
+
+std::vector<std::string> Keys(const MemoryBag& bag) {
+    std::vector<std::string> keys;
+    for (const auto& [key, value] : bag.Values) keys.push_back(ToUtf8(key));
+    return keys;
+}
+
+Lines Changed(HeadlessBox& box) {
+    Lines changed;
+    for (const std::u16string& name : box.Site().Changed) changed.push_back(ToUtf8(name));
+    return changed;
+}
+
+constexpr Colour red = 0x000000FF;
+
+TEST(StoredProperties, AreWrittenInTheirOrderWithTheirDefaults) {
+    HeadlessBox box;
+    NotingBag bag;
+    box->WriteProperties(bag);
+    const auto colour = [](Colour value) {
+        return std::to_string(static_cast<std::int32_t>(value));
+    };
+    EXPECT_EQ(bag.Asked,
+              (Lines{"BackColor " + colour(0x8000000F), "ForeColor " + colour(0x80000012),
+                     "BorderColor " + colour(0x8000000F), "LeftBorderWidth 240", "Enabled False",
+                     "Font Font:9;0;0;0;Fixed", "BorderStyle 1", "ShowGrid False"}));
+}
+
+TEST(StoredProperties, AFreshControlStoresNothing) {
+    HeadlessBox box;
+    MemoryBag bag;
+    box->WriteProperties(bag);
+    EXPECT_EQ(Keys(bag), std::vector<std::string>{});
+}
+
+TEST(StoredProperties, AreReadInAnOrderOfTheirOwn) {
+    HeadlessBox box;
+    NotingBag bag;
+    box->ReadProperties(bag);
+    EXPECT_EQ(bag.Asked, (Lines{"BackColor", "ForeColor", "BorderColor", "LeftBorderWidth",
+                                "ShowGrid", "Enabled", "BorderStyle", "Font"}));
+}
+
+TEST(StoredProperties, AnEmptyBagBringsTheDefaults) {
+    HeadlessBox box;
+    box->BackColor(red);
+    box->ForeColor(red);
+    box->BorderColor(red);
+    float width = 600;
+    box->LeftBorderWidth(width);
+    box->Enabled(true);
+    box->BorderStyle(0);
+    box->ShowGrid(true);
+    box->Font(Font{u"Other", 20});
+    MemoryBag empty;
+    box->ReadProperties(empty);
+    EXPECT_EQ(box->BackColor(), 0x8000000FU);
+    EXPECT_EQ(box->ForeColor(), 0x80000012U);
+    EXPECT_EQ(box->BorderColor(), 0x8000000FU);
+    EXPECT_EQ(box->LeftBorderWidth(), 240);
+    EXPECT_FALSE(box->Enabled());
+    EXPECT_EQ(box->BorderStyle(), 1);
+    EXPECT_FALSE(box->ShowGrid());
+    EXPECT_EQ(box->Font(), box.Site().Font());
+}
+
+TEST(StoredProperties, AllComeBackInAnotherControl) {
+    MemoryBag bag;
+    {
+        HeadlessBox box;
+        box->BackColor(red);
+        box->ForeColor(0x80000008);
+        box->BorderColor(0x00FF00);
+        float width = 615;
+        box->LeftBorderWidth(width);
+        box->Enabled(true);
+        box->BorderStyle(0);
+        box->ShowGrid(true);
+        box->Font(Font{u"Other", 12.5, 128});
+        box->WriteProperties(bag);
+    }
+    EXPECT_EQ(Keys(bag),
+              (std::vector<std::string>{"BackColor", "BorderColor", "BorderStyle", "Enabled",
+                                        "Font", "ForeColor", "LeftBorderWidth", "ShowGrid"}));
+    HeadlessBox box;
+    box->ReadProperties(bag);
+    EXPECT_EQ(box->BackColor(), red);
+    EXPECT_EQ(box->ForeColor(), 0x80000008U);
+    EXPECT_EQ(box->BorderColor(), 0x00FF00U);
+    EXPECT_EQ(box->LeftBorderWidth(), 615);
+    EXPECT_TRUE(box->Enabled());
+    EXPECT_EQ(box->BorderStyle(), 0);
+    EXPECT_TRUE(box->ShowGrid());
+    EXPECT_EQ(box->Font(), (Font{u"Other", 12.5, 128}));
+}
+
+TEST(StoredProperties, ComeBackThroughTextToo) {
+    MemoryBag bag;
+    HeadlessBox box;
+    box->BackColor(0x80000005);
+    float width = 300.5F;
+    box->LeftBorderWidth(width);
+    box->BorderStyle(0);
+    box->Enabled(true);
+    box->Font(Font{u"Other", 12.5, 128});
+    box->WriteProperties(bag);
+    for (auto& [key, value] : bag.Values) value = ValueOfText(TextOfValue(value));
+    HeadlessBox other;
+    other->ReadProperties(bag);
+    EXPECT_EQ(other->BackColor(), 0x80000005U);
+    EXPECT_EQ(other->LeftBorderWidth(), 300.5F);
+    EXPECT_EQ(other->BorderStyle(), 0);
+    EXPECT_TRUE(other->Enabled());
+    EXPECT_EQ(other->Font(), (Font{u"Other", 12.5, 128}));
+}
+
+TEST(StoredProperties, AValueOfAnotherTypeCountsAsAbsent) {
+    MemoryBag bag;
+    bag.Values[u"BackColor"] = std::u16string(u"red");
+    bag.Values[u"ForeColor"] = Font{u"Other"};
+    bag.Values[u"BorderColor"] = 1e300;
+    bag.Values[u"LeftBorderWidth"] = std::u16string(u"600");
+    bag.Values[u"Enabled"] = std::u16string(u"yes");
+    bag.Values[u"Font"] = std::int32_t{3};
+    bag.Values[u"BorderStyle"] = std::int32_t{70'000};
+    bag.Values[u"ShowGrid"] = std::make_shared<Object>();
+    HeadlessBox box;
+    box->ReadProperties(bag);
+    MemoryBag written;
+    box->WriteProperties(written);
+    EXPECT_EQ(Keys(written), std::vector<std::string>{});
+}
+
+TEST(StoredProperties, ABorderStyleThatDoesNotExistIsIgnored) {
+    MemoryBag bag;
+    bag.Values[u"BorderStyle"] = std::int16_t{7};
+    HeadlessBox box;
+    box->BorderStyle(0);
+    box->ReadProperties(bag);
+    EXPECT_EQ(box->BorderStyle(), 0);
+}
+
+TEST(StoredProperties, ReadingTellsTheContainerOfAllButTwo) {
+    MemoryBag bag;
+    bag.Values[u"BorderStyle"] = std::int16_t{0};
+    bag.Values[u"Enabled"] = true;
+    bag.Values[u"LeftBorderWidth"] = 300.0F;
+    HeadlessBox box;
+    box.Site().Changed.clear();
+    box->ReadProperties(bag);
+    EXPECT_EQ(Changed(box),
+              (Lines{"BackColor", "ForeColor", "BorderColor", "LeftBorderWidth", "Font"}));
+}
+
+TEST(StoredProperties, ReadingTheGridRaisesItsEventOnce) {
+    MemoryBag bag;
+    bag.Values[u"ShowGrid"] = true;
+    HeadlessBox box;
+    box.Log().Clear();
+    box->ReadProperties(bag);
+    EXPECT_EQ(box.Log().Count("ButtonClick(Grid)"), 1U);
+    for (const LineShape& boundary : box.Elements().lnGrid) EXPECT_TRUE(boundary.Visible());
+}
+
+TEST(StoredProperties, TheNameIsShownWhileTheHostIsBeingDesignedOnly) {
+    for (const bool userMode : {false, true}) {
+        HeadlessSetup setup;
+        setup.UserMode = userMode;
+        HeadlessBox box(setup);
+        box.Site().Name = u"Renamed";
+        MemoryBag bag;
+        box->ReadProperties(bag);
+        EXPECT_EQ(box.Elements().lblLine[0].Caption(), std::u16string(userMode ? u"" : u"Renamed"));
+    }
+}
+
+TEST(StoredProperties, ReadingBeforeThereAreRowsCreatesThem) {
+    MemoryBag bag;
+    bag.Values[u"BackColor"] = static_cast<std::int32_t>(red);
+    HeadlessBox box;
+    box->ReadProperties(bag);
+    EXPECT_EQ(box.Elements().lblLine.UpperBound(), 128);
+    for (const Label& label : box.Elements().lblLine) EXPECT_EQ(label.BackColor(), red);
+}
+
+TEST(StoredProperties, WhatIsOfTheMomentIsNotStored) {
+    HeadlessBox box;
+    box->text(Doc(5));
+    box->SearchText(u"L2");
+    box->SearchFiles(u"/a\r/b");
+    box->Icon(std::make_shared<Picture>("own", 240, 240));
+    box->ImageList(std::make_shared<Object>());
+    MemoryBag bag;
+    box->WriteProperties(bag);
+    EXPECT_EQ(Keys(bag), std::vector<std::string>{});
+}
+
+TEST(StoredProperties, AHostThatDestroysTheControlWhileItIsReadIsSafe) {
+    HeadlessBox box;
+    box.Log().OnEvent = [&](const std::string&) { box.Destroy(); };
+    MemoryBag bag;
+    bag.Values[u"ShowGrid"] = true;
+    box->ReadProperties(bag);
+    EXPECT_TRUE(box.Destroyed());
+}
+
+}  // namespace
+}  // namespace quorvale
