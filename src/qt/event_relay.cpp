@@ -1,7 +1,7 @@
 #include "qt/event_relay.h"
 
+#include "qt/control_widget.h"
 #include "qt/conversions.h"
-#include "qt/quorvale_box_widget.h"
 
 namespace quorvale {
 

@@ -4,13 +4,13 @@
 
 namespace quorvale {
 
-class QuorvaleBoxWidget;
+class ControlWidget;
 
 /// Hands the control's events on as signals of its widget. A slot may destroy the widget and this
 /// with it: nothing is touched after a signal.
 class EventRelay final : public QuorvaleBoxEvents {
 public:
-    explicit EventRelay(QuorvaleBoxWidget& widget) : widget_(widget) {}
+    explicit EventRelay(ControlWidget& widget) : widget_(widget) {}
 
     void MouseDown(std::int16_t button, std::int16_t shift, float x, float y) override;
     void MouseUp(std::int16_t button, std::int16_t shift, float x, float y) override;
@@ -24,7 +24,7 @@ public:
     void BeforeFileChange(const std::u16string& fileName, bool& changed) override;
 
 private:
-    QuorvaleBoxWidget& widget_;
+    ControlWidget& widget_;
 };
 
 }  // namespace quorvale

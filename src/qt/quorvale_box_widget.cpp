@@ -1,105 +1,132 @@
 #include "qt/quorvale_box_widget.h"
 
-#include <QPainter>
-#include <QWheelEvent>
-#include <algorithm>
+#include <QEvent>
 
 #include "qt/conversions.h"
-#include "qt/event_relay.h"
-#include "qt/live_surface.h"
-#include "qt/widget_services.h"
+#include "qt/font_faces.h"
+#include "qt/qt_picture.h"
+#include "qt/system_colours.h"
 
 namespace quorvale {
 
-QuorvaleBoxWidget::QuorvaleBoxWidget(QWidget* parent)
-    : QWidget(parent),
-      faces_(std::make_shared<FontFaces>()),
-      link_(std::make_shared<ControlLink>()),
-      events_(std::make_unique<EventRelay>(*this)) {
-    link_->attach(std::make_shared<QuorvaleBox>(widgetServices(*this, faces_)));
-    surface_ = std::make_unique<LiveSurface>(link_, faces_, *this);
-    // Text and bars run from the left on every desktop.
-    setLayoutDirection(Qt::LeftToRight);
-    setFocusProxy(&surface_->rows());
-    fitToolbar();
-    box().SetEvents(events_.get());
-    box().InitProperties();
-    surface_->watchAll();
-    surface_->resize(rect());
-    connect(this, &QObject::objectNameChanged, this,
-            [this] { link_->box()->AmbientChanged(u"DisplayName"); });
+namespace {
+
+constexpr Colour groundOfNewOnes = system_colour::ButtonFace;
+constexpr Colour textOfNewOnes = system_colour::ButtonText;
+constexpr float widthOfNewOnes = 240;
+constexpr QSize buttonIcon(16, 16);
+
+/// The parts of a font that the control and Qt have in common.
+bool sameFace(const Font& a, const Font& b) { return a.Name == b.Name && a.Size == b.Size; }
+
+}  // namespace
+
+QuorvaleBoxWidget::QuorvaleBoxWidget(QWidget* parent) : DocumentWidget(parent) {
+    connect(this, &ControlWidget::propertyReported, this, &QuorvaleBoxWidget::tellListeners);
+    connect(this, &ControlWidget::buttonClicked, this, [this](const QString& name) {
+        if (name == QLatin1String("Grid")) emit showGridChanged();
+    });
 }
 
-QuorvaleBoxWidget::~QuorvaleBoxWidget() {
-    const bool inAnEvent = link_->isHandling();
-    box().SetEvents(nullptr);
-    box().SetEventSink(nullptr);
-    box().Elements().Watch(nullptr);
-    link_->detach();
-    if (inAnEvent) letWidgetsOutliveThis();
+void QuorvaleBoxWidget::tellListeners(const QString& property) {
+    if (property == QLatin1String("BackColor")) emit backColorChanged();
+    if (property == QLatin1String("ForeColor")) emit foreColorChanged();
+    if (property == QLatin1String("BorderColor")) emit borderColorChanged();
+    if (property == QLatin1String("LeftBorderWidth")) emit leftBorderWidthChanged();
+    if (property == QLatin1String("BorderStyle")) emit borderStyleChanged();
+    if (property == QLatin1String("Enabled")) emit enabledFlagChanged();
+    if (property == QLatin1String("Font")) followControlsFont();
 }
 
-// The event that is being handled may have come through one of them.
-void QuorvaleBoxWidget::letWidgetsOutliveThis() {
-    setFocusProxy(nullptr);
-    for (QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        child->hide();
-        child->setParent(nullptr);
-        child->deleteLater();
+// A host may have set the font through the control.
+void QuorvaleBoxWidget::followControlsFont() {
+    const Font wanted = box().Font();
+    if (sameFace(wanted, fromQFont(font()))) return;
+    QFont shown = font();
+    const QFont face = toQFont(wanted);
+    shown.setFamilies({face.family()});
+    shown.setPointSizeF(face.pointSizeF());
+    setFont(shown);
+}
+
+void QuorvaleBoxWidget::changeEvent(QEvent* event) {
+    DocumentWidget::changeEvent(event);
+    if (event->type() != QEvent::FontChange) return;
+    const std::shared_ptr<QuorvaleBox> shown = heldBox();
+    if (shown == nullptr) return;
+    const Font wanted = fromQFont(font());
+    if (!sameFace(wanted, shown->Font())) shown->Font(wanted);
+}
+
+QColor QuorvaleBoxWidget::backColor() const { return resolvedColour(box().BackColor(), palette()); }
+
+QColor QuorvaleBoxWidget::foreColor() const { return resolvedColour(box().ForeColor(), palette()); }
+
+QColor QuorvaleBoxWidget::borderColor() const {
+    return resolvedColour(box().BorderColor(), palette());
+}
+
+double QuorvaleBoxWidget::leftBorderWidth() const {
+    return static_cast<double>(box().LeftBorderWidth());
+}
+
+QuorvaleBoxWidget::BorderStyle QuorvaleBoxWidget::borderStyle() const {
+    return static_cast<BorderStyle>(box().BorderStyle());
+}
+
+bool QuorvaleBoxWidget::showGrid() const { return box().ShowGrid(); }
+bool QuorvaleBoxWidget::enabledFlag() const { return box().Enabled(); }
+
+bool QuorvaleBoxWidget::addButton(const QString& name, const QIcon& icon, const QString& toolTip) {
+    PicturePtr picture;
+    if (!icon.isNull()) {
+        picture = std::make_shared<QtPicture>(name.toStdString(), icon, buttonIcon);
     }
+    return heldBox()->AddButton(toUtf16(name), picture, toUtf16(toolTip));
 }
 
-QuorvaleBox& QuorvaleBoxWidget::box() { return *link_->box(); }
-const QuorvaleBox& QuorvaleBoxWidget::box() const { return *link_->box(); }
-
-void QuorvaleBoxWidget::setOptions(const HostOptions& options) {
-    box().SetOptions(options);
-    surface_->watchAll();
+void QuorvaleBoxWidget::setBackColor(const QColor& colour) {
+    heldBox()->BackColor(toColour(colour));
 }
 
-HostOptions QuorvaleBoxWidget::options() const { return box().Options(); }
-
-void QuorvaleBoxWidget::loadFile(const QString& fileName) {
-    // A slot may destroy the widget while the file is being shown.
-    const std::shared_ptr<QuorvaleBox> shown = link_->box();
-    shown->LoadFile(toUtf16(fileName));
+void QuorvaleBoxWidget::setForeColor(const QColor& colour) {
+    heldBox()->ForeColor(toColour(colour));
 }
 
-QSize QuorvaleBoxWidget::sizeHint() const { return {800, 600}; }
-
-// Large fonts need a higher toolbar than the designed one.
-void QuorvaleBoxWidget::fitToolbar() {
-    Surface& elements = box().Elements();
-    const int needed = surface_->tools().searchBox()->sizeHint().height() + 2;
-    const Twips height = std::max(elements.tbMore.Height(), toTwips(needed));
-    elements.tbMore.SetHeight(height);
-    elements.cmdMore.SetHeight(height);
+void QuorvaleBoxWidget::setBorderColor(const QColor& colour) {
+    heldBox()->BorderColor(toColour(colour));
 }
 
-void QuorvaleBoxWidget::resizeEvent(QResizeEvent*) { surface_->resize(rect()); }
-
-void QuorvaleBoxWidget::showEvent(QShowEvent* event) {
-    if (event->spontaneous()) return;
-    const std::shared_ptr<QuorvaleBox> shown = link_->box();
-    link_->run([&](Surface&) { shown->Show(); });
+void QuorvaleBoxWidget::setLeftBorderWidth(double twips) {
+    auto width = static_cast<float>(twips);
+    heldBox()->LeftBorderWidth(width);
 }
 
-void QuorvaleBoxWidget::hideEvent(QHideEvent* event) {
-    if (event->spontaneous()) return;
-    const std::shared_ptr<QuorvaleBox> hidden = link_->box();
-    link_->run([&](Surface&) { hidden->Hide(); });
+void QuorvaleBoxWidget::setBorderStyle(BorderStyle style) {
+    heldBox()->BorderStyle(static_cast<std::int16_t>(style));
 }
 
-void QuorvaleBoxWidget::paintEvent(QPaintEvent*) {
-    if (box().BorderStyle() == 0) return;
-    QPainter painter(this);
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+void QuorvaleBoxWidget::setShowGrid(bool show) { heldBox()->ShowGrid(show); }
+void QuorvaleBoxWidget::setEnabledFlag(bool enabled) { heldBox()->Enabled(enabled); }
+
+void QuorvaleBoxWidget::setIcon(const QIcon& icon) {
+    const Image& marker = box().Elements().imgMarker;
+    const QSizeF size(toPixels(marker.Width()), toPixels(marker.Height()));
+    PicturePtr picture;
+    if (!icon.isNull()) picture = std::make_shared<QtPicture>("Icon", icon, size.toSize());
+    heldBox()->Icon(picture);
 }
 
-void QuorvaleBoxWidget::wheelEvent(QWheelEvent* event) {
-    surface_->rows().scrollBy(*event);
-    event->accept();
+void QuorvaleBoxWidget::resetBackColor() { heldBox()->BackColor(groundOfNewOnes); }
+void QuorvaleBoxWidget::resetForeColor() { heldBox()->ForeColor(textOfNewOnes); }
+void QuorvaleBoxWidget::resetBorderColor() { heldBox()->BorderColor(groundOfNewOnes); }
+
+void QuorvaleBoxWidget::resetLeftBorderWidth() {
+    setLeftBorderWidth(static_cast<double>(widthOfNewOnes));
 }
+
+void QuorvaleBoxWidget::resetBorderStyle() { setBorderStyle(FixedSingle); }
+void QuorvaleBoxWidget::resetShowGrid() { setShowGrid(false); }
+void QuorvaleBoxWidget::resetEnabledFlag() { setEnabledFlag(false); }
 
 }  // namespace quorvale

@@ -1,83 +1,87 @@
 #pragma once
 
-#include <QWidget>
-#include <memory>
+#include <QIcon>
 
-#include "control/quorvale_box.h"
+#include "qt/document_widget.h"
 
 namespace quorvale {
 
-class ControlLink;
-class EventRelay;
-class FontFaces;
-class LiveSurface;
-
-/// The control as a widget: shows one large text file as rows, with toolbar and scroll bars. It
-/// owns the control and everything the control needs. A slot of any of its signals may destroy it;
-/// while the widget is being resized or shown, Qt asks for `deleteLater()`.
-class QuorvaleBoxWidget : public QWidget {
+/// The control as a widget: shows one large text file as rows, with toolbar and scroll bars.
+/// Colours follow the palette until they are set, and again after their reset; the font is the
+/// widget's own. `enabledFlag` is kept for the host and consulted by nothing: to disable the widget
+/// there is `setEnabled`.
+class QuorvaleBoxWidget : public DocumentWidget {
     Q_OBJECT
+    Q_PROPERTY(QColor backColor READ backColor WRITE setBackColor RESET resetBackColor NOTIFY
+                   backColorChanged)
+    Q_PROPERTY(QColor foreColor READ foreColor WRITE setForeColor RESET resetForeColor NOTIFY
+                   foreColorChanged)
+    Q_PROPERTY(QColor borderColor READ borderColor WRITE setBorderColor RESET resetBorderColor
+                   NOTIFY borderColorChanged)
+    Q_PROPERTY(double leftBorderWidth READ leftBorderWidth WRITE setLeftBorderWidth RESET
+                   resetLeftBorderWidth NOTIFY leftBorderWidthChanged)
+    Q_PROPERTY(BorderStyle borderStyle READ borderStyle WRITE setBorderStyle RESET resetBorderStyle
+                   NOTIFY borderStyleChanged)
+    Q_PROPERTY(
+        bool showGrid READ showGrid WRITE setShowGrid RESET resetShowGrid NOTIFY showGridChanged)
+    Q_PROPERTY(bool enabledFlag READ enabledFlag WRITE setEnabledFlag RESET resetEnabledFlag NOTIFY
+                   enabledFlagChanged)
 
 public:
+    enum BorderStyle { NoBorder = 0, FixedSingle = 1 };
+    Q_ENUM(BorderStyle)
+
     explicit QuorvaleBoxWidget(QWidget* parent = nullptr);
-    ~QuorvaleBoxWidget() override;
 
-    /// The control, with all its members. It lives as long as the widget.
-    QuorvaleBox& box();
-    const QuorvaleBox& box() const;
+    QColor backColor() const;
+    QColor foreColor() const;
+    /// Of the strip left of the text.
+    QColor borderColor() const;
+    /// Of the same strip, in twips (15 are a pixel); 240 at first.
+    double leftBorderWidth() const;
+    BorderStyle borderStyle() const;
+    bool showGrid() const;
+    bool enabledFlag() const;
 
-    /// What the control does beyond its members' promises; to be set before a document is.
-    void setOptions(const HostOptions& options);
-    HostOptions options() const;
-
-    /// The real widgets and what they show, for those who look into the control.
-    LiveSurface& liveSurface() { return *surface_; }
-
-    QSize sizeHint() const override;
+    /// Adds a button to the toolbar; it reports clicks with its name. False when the name is taken
+    /// or there is no icon.
+    bool addButton(const QString& name, const QIcon& icon, const QString& toolTip = {});
 
 public slots:
-    /// Shows the file; one that cannot be read shows one empty line.
-    void loadFile(const QString& fileName);
+    void setBackColor(const QColor& colour);
+    void setForeColor(const QColor& colour);
+    void setBorderColor(const QColor& colour);
+    /// A negative width becomes 0.
+    void setLeftBorderWidth(double twips);
+    void setBorderStyle(quorvale::QuorvaleBoxWidget::BorderStyle style);
+    /// Also raises `buttonClicked("Grid")`, as the button does.
+    void setShowGrid(bool show);
+    void setEnabledFlag(bool enabled);
+    /// The caret's picture; a null icon brings back the control's own.
+    void setIcon(const QIcon& icon);
+    void resetBackColor();
+    void resetForeColor();
+    void resetBorderColor();
+    void resetLeftBorderWidth();
+    void resetBorderStyle();
+    void resetShowGrid();
+    void resetEnabledFlag();
 
 signals:
-    /// A mouse button goes down on a row. `button`: 1 left, 2 right, 4 middle; `shift`: the sum of
-    /// 1 Shift, 2 Ctrl, 4 Alt; the place in twips on the control.
-    void mouseDown(int button, int shift, double x, double y);
-    /// A mouse button comes up on a row.
-    void mouseUp(int button, int shift, double x, double y);
-    /// The caret or the row selection changed.
-    void selectionChanged();
-    /// A row is double-clicked.
-    void doubleClicked();
-    /// The picture place of a row is clicked.
-    void imageClicked(int row);
-    /// A key that the control does not use itself goes down in the text.
-    void keyDown(int keyCode, int shift);
-    /// A key comes up in the text.
-    void keyUp(int keyCode, int shift);
-    /// The top line was set, by the host or by scrolling.
-    void scrolled();
-    /// A button that the host added is clicked, or the one for the boundary lines.
-    void buttonClicked(const QString& name);
-    /// The user picked a result in another file. Set `*changed` when the host shows that file
-    /// itself; otherwise the control loads it.
-    void beforeFileChange(const QString& fileName, bool* changed);
+    void backColorChanged();
+    void foreColorChanged();
+    void borderColorChanged();
+    void leftBorderWidthChanged();
+    void borderStyleChanged();
+    void showGridChanged();
+    void enabledFlagChanged();
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
-    void fitToolbar();
-    void letWidgetsOutliveThis();
-
-    std::shared_ptr<FontFaces> faces_;
-    std::shared_ptr<ControlLink> link_;
-    std::unique_ptr<EventRelay> events_;
-    std::unique_ptr<LiveSurface> surface_;
+    void tellListeners(const QString& property);
+    void followControlsFont();
 };
 
 }  // namespace quorvale

@@ -51,6 +51,11 @@ QColor resolvedColour(Colour colour, const QPalette& palette) {
     return palette.color(index < roles.size() ? roles[index] : QPalette::Text);
 }
 
+Colour toColour(const QColor& colour) {
+    const auto part = [](int value, int shift) { return static_cast<Colour>(value) << shift; };
+    return part(colour.red(), 0) | part(colour.green(), 8) | part(colour.blue(), 16);
+}
+
 QColor mixed(const QColor& ground, const QColor& text, double share) {
     const auto channel = [share](int below, int above) {
         return static_cast<int>(below + (above - below) * share + 0.5);

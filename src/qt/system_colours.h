@@ -11,6 +11,9 @@ namespace quorvale {
 /// the user's theme. An index that no system has is drawn as text.
 QColor resolvedColour(Colour colour, const QPalette& palette);
 
+/// The control's number of a colour; its transparency does not count.
+Colour toColour(const QColor& colour);
+
 /// The colour of a hairline between two grounds: `share` of the text's colour over the ground.
 QColor mixed(const QColor& ground, const QColor& text, double share);
 

@@ -21,18 +21,20 @@ constexpr int korean = 1042;
 /// The widget as the form that the control lies on.
 class WidgetContainer final : public Container {
 public:
-    explicit WidgetContainer(QWidget& control) : control_(&control), font_(control.font()) {}
+    WidgetContainer(QWidget& control, std::function<void(const QString&)> report)
+        : control_(&control), font_(control.font()), report_(std::move(report)) {}
 
     bool UserMode() const override { return true; }
     std::u16string DisplayName() const override {
         return control_ == nullptr ? std::u16string() : toUtf16(control_->objectName());
     }
     quorvale::Font Font() const override { return fromQFont(font_); }
-    void PropertyChanged(std::u16string_view) override {}
+    void PropertyChanged(std::u16string_view name) override { report_(toQString(name)); }
 
 private:
     QPointer<QWidget> control_;
     QFont font_;
+    std::function<void(const QString&)> report_;
 };
 
 /// Message boxes in front of the control's window.
@@ -65,12 +67,13 @@ int languageOfDesktop() {
 
 }  // namespace
 
-HostServices widgetServices(QWidget& control, std::shared_ptr<FontFaces> faces) {
+HostServices widgetServices(QWidget& control, std::shared_ptr<FontFaces> faces,
+                            std::function<void(const QString& property)> report) {
     HostServices services;
     services.Metrics = std::make_shared<QtTextMetrics>(std::move(faces));
     services.Files = std::make_shared<PosixFiles>();
     services.Memory = std::make_shared<HugePageMemory>();
-    services.Site = std::make_shared<WidgetContainer>(control);
+    services.Site = std::make_shared<WidgetContainer>(control, std::move(report));
     services.Messages = std::make_shared<WidgetMessages>(control);
     services.LanguageId = languageOfDesktop();
     return services;

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QPointer>
+#include <QString>
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "platform/host_services.h"
@@ -10,7 +12,9 @@
 namespace quorvale {
 
 /// The outside world of a control in a Qt window: real files, real message boxes, the widget as the
-/// container, and the language of the user's desktop.
-HostServices widgetServices(QWidget& control, std::shared_ptr<FontFaces> faces);
+/// container, and the language of the user's desktop. `report` hears of every property that the
+/// control says it has set.
+HostServices widgetServices(QWidget& control, std::shared_ptr<FontFaces> faces,
+                            std::function<void(const QString& property)> report);
 
 }  // namespace quorvale

@@ -89,8 +89,8 @@ void ViewerWindow::setUp(QuorvaleBoxWidget& control) {
     options.TallView = true;
     options.Encoding = Encoding::Automatic;
     control.setOptions(options);
+    control.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     QuorvaleBox& box = control.box();
-    box.Font(fromQFont(QFontDatabase::systemFont(QFontDatabase::FixedFont)));
     // The window has a frame already.
     box.BorderStyle(0);
     box.BackColor(documentGround);

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "control/quorvale_box.h"
+
+namespace quorvale {
+
+class ControlLink;
+class EventRelay;
+class FontFaces;
+class LiveSurface;
+
+/// The widget around a control: it owns the control and everything the control needs, shows its
+/// elements with toolbar, rows and scroll bars, and hands its events on as signals. A slot of any
+/// signal may destroy it; while the widget is being resized or shown, Qt asks for `deleteLater()`.
+class ControlWidget : public QWidget {
+    Q_OBJECT
+
+public:
+    ~ControlWidget() override;
+
+    /// The control, with all its members. It lives as long as the widget.
+    QuorvaleBox& box();
+    const QuorvaleBox& box() const;
+
+    /// What the control does beyond its members' promises; to be set before a document is.
+    void setOptions(const HostOptions& options);
+    HostOptions options() const;
+
+    /// The real widgets and what they show, for those who look into the control.
+    LiveSurface& liveSurface() { return *surface_; }
+
+    QSize sizeHint() const override;
+
+signals:
+    /// A mouse button goes down on a row. `button`: 1 left, 2 right, 4 middle; `shift`: the sum of
+    /// 1 Shift, 2 Ctrl, 4 Alt; the place in twips on the control.
+    void mouseDown(int button, int shift, double x, double y);
+    /// A mouse button comes up on a row.
+    void mouseUp(int button, int shift, double x, double y);
+    /// The caret or the row selection changed.
+    void selectionChanged();
+    /// A row is double-clicked.
+    void doubleClicked();
+    /// The picture place of a row is clicked.
+    void imageClicked(int row);
+    /// A key that the control does not use itself goes down in the text.
+    void keyDown(int keyCode, int shift);
+    /// A key comes up in the text.
+    void keyUp(int keyCode, int shift);
+    /// The top line was set, by the host or by scrolling.
+    void scrolled();
+    /// A button that the host added is clicked, or the one for the boundary lines.
+    void buttonClicked(const QString& name);
+    /// The user picked a result in another file. Set `*changed` when the host shows that file
+    /// itself; otherwise the control loads it.
+    void beforeFileChange(const QString& fileName, bool* changed);
+    /// The control has set one of its properties, by this name.
+    void propertyReported(const QString& name);
+
+protected:
+    explicit ControlWidget(QWidget* parent);
+
+    /// The control, held alive while one of its members runs: a slot may destroy the widget.
+    std::shared_ptr<QuorvaleBox> heldBox() const;
+
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    void fitToolbar();
+    void letWidgetsOutliveThis();
+
+    std::shared_ptr<FontFaces> faces_;
+    std::shared_ptr<ControlLink> link_;
+    std::unique_ptr<EventRelay> events_;
+    std::unique_ptr<LiveSurface> surface_;
+};
+
+}  // namespace quorvale
