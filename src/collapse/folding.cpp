@@ -29,8 +29,7 @@ void Folding::CollapseAll() {
     }
     const bool climbed = ClimbToShown();
     if (!failed) return RepaintAt(navigation_.CaretRow, climbed);
-    peers_.FillRows();
-    peers_.LayoutView();
+    RepaintAfterFailure(climbed);
     std::rethrow_exception(failed);
 }
 
@@ -70,8 +69,7 @@ void Folding::CollapseRangeAt(Line from, Line to) {
     if (!view_.Suspended()) {
         const bool climbed = ClimbToShown();
         if (!outside) return RepaintAt(from, climbed);
-        peers_.FillRows();
-        peers_.LayoutView();
+        RepaintAfterFailure(climbed);
     }
     if (outside) RaiseOutside(to.Number());
 }
@@ -118,8 +116,16 @@ bool Folding::HasHiddenBelow(Line line) const {
 /// The caret must not stay on a hidden line: it climbs to the nearest shown one. Says if it did.
 bool Folding::ClimbToShown() {
     if (!document_.IsHidden(navigation_.CaretRow)) return false;
-    navigation_.CaretRow = VisibleAtOrAbove(document_, navigation_.CaretRow);
+    peers_.StoreRow(VisibleAtOrAbove(document_, navigation_.CaretRow));
     return true;
+}
+
+/// The caret stays where it is, unless it had to climb: then its column, the selection and the host
+/// must follow as after any fold.
+void Folding::RepaintAfterFailure(bool climbed) {
+    if (climbed) return RepaintAt(navigation_.CaretRow, true);
+    peers_.FillRows();
+    peers_.LayoutView();
 }
 
 void Folding::RepaintAt(Line caret, bool climbed) {

@@ -14,6 +14,8 @@ public:
     virtual ~FoldingPeers() = default;
     virtual void FillRows() = 0;
     virtual void LayoutView() = 0;
+    /// The caret's line becomes another one and nobody hears of it.
+    virtual void StoreRow(Line row) = 0;
     /// The caret goes to the line through the `row` property: revealed, marked, reported.
     virtual void SetRow(Line row) = 0;
     /// The caret's line was changed behind its back: selection and host must hear of it.
@@ -24,8 +26,8 @@ public:
 /// not counting those it is the first line of, has the depth n and is hidden from 1 on.
 class Folding {
 public:
-    Folding(DocumentState& document, NavigationState& navigation, const CollapseState& collapse,
-            const ViewState& view, FoldingPeers& peers)
+    Folding(DocumentState& document, const NavigationState& navigation,
+            const CollapseState& collapse, const ViewState& view, FoldingPeers& peers)
         : document_(document),
           navigation_(navigation),
           collapse_(collapse),
@@ -56,10 +58,11 @@ public:
 private:
     bool ClimbToShown();
     void RepaintAt(Line caret, bool climbed);
+    void RepaintAfterFailure(bool climbed);
     void RaiseDepths();
 
     DocumentState& document_;
-    NavigationState& navigation_;
+    const NavigationState& navigation_;
     const CollapseState& collapse_;
     const ViewState& view_;
     FoldingPeers& peers_;

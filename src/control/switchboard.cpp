@@ -26,6 +26,8 @@ void Switchboard::RevealLine(Line line, std::int32_t col) { parts_.Reveal.Reveal
 
 void Switchboard::SetRow(Line row) { parts_.Caret.SetRow(row); }
 
+void Switchboard::StoreRow(Line row) { parts_.Caret.StoreRow(row); }
+
 void Switchboard::PlaceCaret() { parts_.Caret.PlaceCaret(); }
 
 void Switchboard::PlaceMarker() { parts_.Caret.PlaceMarker(); }

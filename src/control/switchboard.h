@@ -51,6 +51,7 @@ public:
     void SettleTopLine() override;
     void SettleRowShift() override;
     void RevealLine(Line line, std::int32_t col) override;
+    void StoreRow(Line row) override;
     void SetRow(Line row) override;
     void PlaceCaret() override;
     void PlaceMarker() override;

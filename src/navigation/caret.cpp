@@ -33,10 +33,12 @@ void Caret::SetCol(std::int32_t col) { MoveTo(navigation_.CaretRow, col); }
 void Caret::MoveTo(Line row, std::int32_t col) { RevealAndPlace(row, col, navigation_.DesiredX); }
 
 // A host that hears of the scrolling may put another document in place: the line is none of its.
+// Or it folds the line away again: then the caret goes to the nearest one that is shown.
 void Caret::RevealAndPlace(Line row, std::int32_t col, Twips& x) {
     const std::uint64_t meant = document_.Generation;
     peers_.RevealLine(row, col);
-    if (document_.Generation == meant) PlaceCaretMarker(row, col, x);
+    if (document_.Generation != meant) return;
+    PlaceCaretMarker(VisibleAtOrAbove(document_, std::min(row, document_.LastLine())), col, x);
 }
 
 void Caret::SetSelectedRowsCount(std::int32_t count) {
@@ -52,6 +54,27 @@ void Caret::PlaceCaret() {
     PlaceCaretMarker(navigation_.CaretRow, navigation_.CaretCol, unused);
 }
 
+void Caret::PointAt(Line row, std::int32_t col) {
+    const bool pastFold = row >= document_.Sentinel() && document_.IsHidden(document_.LastLine());
+    if (pastFold) return MoveTo(row, col);
+    PlaceCaretMarker(row, col, navigation_.DesiredX);
+}
+
+void Caret::StoreRow(Line row) {
+    const std::int32_t end = CheckedAdd(LengthOf(lines_.TextOf(row)), 1);
+    navigation_.CaretRow = row;
+    navigation_.CaretCol = std::min(navigation_.CaretCol, end);
+    DropEndlessSelection();
+}
+
+// A selection that reached to the greatest number from another row would leave it from this one,
+// and every repaint would fail.
+void Caret::DropEndlessSelection() {
+    const std::int64_t end =
+        std::int64_t{navigation_.CaretRow.Number()} + navigation_.SelectedRowsCount;
+    if (!std::in_range<std::int32_t>(end)) navigation_.SelectedRowsCount = 0;
+}
+
 void Caret::PlaceCaretMarker(Line row, std::int32_t col, Twips& x) {
     if (document_.LineSlots == 0) return;
     row = std::max(std::min(row, document_.LastLine()), Line{1});
@@ -61,6 +84,7 @@ void Caret::PlaceCaretMarker(Line row, std::int32_t col, Twips& x) {
     const bool changed = row != navigation_.CaretRow || col != navigation_.CaretCol;
     navigation_.CaretCol = col;
     navigation_.CaretRow = row;
+    DropEndlessSelection();
     surface_.txtLn.SetText(DecimalText(row.Number()));
     surface_.txtLn.Select(surface_.txtLn.Text().size(), 0);
     if (!view_.Suspended()) MoveMarker(FindRowSlot(surface_, view_, row), x);

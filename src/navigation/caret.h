@@ -56,6 +56,12 @@ public:
     void PlaceCaretMarker(Line row, std::int32_t col, Twips& x);
     /// The same for the place where the caret is; the kept place along the line stays.
     void PlaceCaret();
+    /// The mouse points at a row. A blank one stands for the last line, which is brought into view
+    /// when a fold hides it.
+    void PointAt(Line row, std::int32_t col);
+    /// Stores the caret's line and tells nobody: no marker, no selection, no event. The column
+    /// stays as far as the line reaches.
+    void StoreRow(Line row);
     /// Lays the picture over the caret's row; no clamping, no box, no events.
     void PlaceMarker();
     /// The caret's row is shown: a fold that was made while painting was suspended may hide it.
@@ -71,6 +77,7 @@ public:
 private:
     void RevealAndPlace(Line row, std::int32_t col, Twips& x);
     void UpdateSelection();
+    void DropEndlessSelection();
     Twips PlaceOfColumn(const SharedText& text, std::int32_t col) const;
     void MoveMarker(std::optional<int> slot, Twips x);
     Precision PlacePrecision() const;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 #include "base/integers.h"
 #include "document/visible_lines.h"
@@ -46,7 +45,7 @@ void RowMouse::RowPressed(int slot, const MouseEvent& event) {
     const bool extends = event.Button == mouse_button::Left && event.Shift == shift_mask::Shift;
     navigation_.ExtendSelection = extends;
     const std::uint32_t movesBefore = navigation_.CaretMoves;
-    caret_.PlaceCaretMarker(row, col, navigation_.DesiredX);
+    caret_.PointAt(row, col);
     const bool stayed = navigation_.CaretMoves == movesBefore;
     // A click on the caret's own place moves nothing, but it drops a selection like any other.
     if (stayed && !extends && navigation_.SelectedRowsCount != 0) caret_.CaretMoved();
@@ -67,8 +66,9 @@ void RowMouse::RowMoved(int slot, const MouseEvent& event) {
 }
 
 void RowMouse::Drag(int pressed, const MouseEvent& event) {
-    const std::int32_t rows = IntDivide(ToInt32(event.Y), ToInt32(surface_.RowHeight()));
-    const int slot = ToInt16(pressed + rows - (event.Y < 0 ? 1 : 0));
+    const std::int32_t y = ToInt32(event.Y);
+    const std::int32_t rows = IntDivide(y, ToInt32(surface_.RowHeight()));
+    const int slot = ToInt16(pressed + rows - (y < 0 ? 1 : 0));
     if (slot < 0 || slot > view_.RowsPerView) return DragBeyond(slot < 0);
     const std::int32_t col = caret_.ColumnAtX(surface_.lblLine[slot].Caption(), event.X);
     HoldMarker();
@@ -90,12 +90,15 @@ void RowMouse::DragBeyond(bool above) {
     peers_.SetTopLine(NextVisibleLine(document_, top));
     if (document_.Generation != meant) return;
     const Line lowest = SlotLine(surface_, std::max(view_.RowsPerView - 1, 0));
-    ExtendTo(document_.IsLine(lowest) ? lowest : navigation_.TopLine + (view_.RowsPerView - 1), 0);
+    if (document_.IsLine(lowest)) return ExtendTo(lowest, 0);
+    // Folds left that row blank: the line that would be there without them, but never a hidden one.
+    const Line counted = navigation_.TopLine + (view_.RowsPerView - 1);
+    ExtendTo(document_.IsHidden(counted) ? document_.Sentinel() : counted, 0);
 }
 
 void RowMouse::ExtendTo(Line row, std::int32_t col) {
     navigation_.ExtendSelection = true;
-    caret_.PlaceCaretMarker(row, col, navigation_.DesiredX);
+    caret_.PointAt(row, col);
     surface_.tmrImage.SetEnabled(true);
 }
 
@@ -105,23 +108,15 @@ void RowMouse::RowReleased(int slot, const MouseEvent& event) {
 }
 
 // The caret's row is stored without a move: no marker, no selection, no report. A blank row past
-// the end stands for the last line.
+// the end stands for the last line that is shown.
 void RowMouse::RowDoubleClicked(int slot) {
     if (document_.LineSlots > 0) {
-        const Line row = SlotLine(surface_, slot);
-        navigation_.CaretRow = std::max(std::min(row, document_.LastLine()), Line{1});
-        DropEndlessSelection();
+        const Line row =
+            std::max(std::min(SlotLine(surface_, slot), document_.LastLine()), Line{1});
+        caret_.StoreRow(VisibleAtOrAbove(document_, row));
     }
-    surface_.imgMarker.SetVisible(true);
     peers_.RaiseDblClick();
-}
-
-// A selection that reached to the greatest number from another row would leave it from this one,
-// and every repaint would fail.
-void RowMouse::DropEndlessSelection() {
-    const std::int64_t end =
-        std::int64_t{navigation_.CaretRow.Number()} + navigation_.SelectedRowsCount;
-    if (!std::in_range<std::int32_t>(end)) navigation_.SelectedRowsCount = 0;
+    surface_.imgMarker.SetVisible(true);
 }
 
 void RowMouse::LineImageClicked(int slot) { peers_.RaiseImageClick(SlotLine(surface_, slot)); }

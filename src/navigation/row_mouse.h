@@ -51,7 +51,6 @@ private:
     void DragBeyond(bool above);
     void ExtendTo(Line row, std::int32_t col);
     void HoldMarker();
-    void DropEndlessSelection();
     MouseEvent OnControl(int slot, const MouseEvent& event) const;
     MouseEvent OnRow(int slot, const MouseEvent& event) const;
     int SlotAtMarker(Twips y) const;

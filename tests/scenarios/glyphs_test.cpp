@@ -68,8 +68,10 @@ TEST_F(Glyphs, OnARowWithoutAGlyphAClickDoesNothing) {
 
 TEST_F(Glyphs, TheRightButtonOffersToFoldOrUnfoldEverything) {
     Menu& menu = box.Elements().mnuCollapse;
-    box.Elements().OnGlyphMouseDown(4, {mouse_button::Left, 0, 10, 10});
-    EXPECT_FALSE(menu.PoppedUpAt());
+    for (const std::int16_t button : {mouse_button::Left, mouse_button::Middle}) {
+        box.Elements().OnGlyphMouseDown(4, {button, 0, 10, 10});
+        EXPECT_FALSE(menu.PoppedUpAt()) << button;
+    }
     box.Elements().OnGlyphMouseDown(4, {mouse_button::Right, 0, 10, 10});
     ASSERT_TRUE(menu.PoppedUpAt());
     ASSERT_EQ(menu.Items.size(), 2U);

@@ -1,5 +1,9 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <span>
+
+#include "control/member_ids.h"
 #include "headless/headless_box.h"
 #include "platform/keys.h"
 #include "support/documents.h"
@@ -8,6 +12,9 @@ namespace quorvale {
 namespace {
 
 using namespace key_code;
+using testing::ElementsAre;
+
+constexpr std::int16_t handled[] = {Up, Down, Left, Right, Home, End, PageUp, PageDown, A, F2};
 constexpr std::int16_t B = 66;
 
 struct Keys : testing::Test {
@@ -44,8 +51,10 @@ TEST_F(Keys, UpAndDownMoveByALine) {
 TEST_F(Keys, UpAndDownStepOverAFold) {
     FoldLines(5, 20);
     box->MoveTo(5, 1);
-    EXPECT_EQ(RowAfter(Down), 21);
-    EXPECT_EQ(RowAfter(Up), 5);
+    for (const std::int16_t shift : {std::int16_t{0}, shift_mask::Ctrl, shift_mask::Alt}) {
+        EXPECT_EQ(RowAfter(Down, shift), 21);
+        EXPECT_EQ(RowAfter(Up, shift), 5);
+    }
 }
 
 TEST_F(Keys, AtTheEndsUpStaysAndDownGoesLeftOfTheText) {
@@ -80,6 +89,22 @@ TEST_F(Keys, HomeAndEndGoToTheEndsOfTheLineAndWithCtrlOfTheDocument) {
     EXPECT_EQ(ColAfter(End), 4);
     EXPECT_EQ(RowAfter(Home, shift_mask::Ctrl), 1);
     EXPECT_EQ(RowAfter(End, shift_mask::Ctrl), 100);
+}
+
+TEST_F(Keys, ToTheFirstLineTheCaretKeepsItsPlaceAlongTheLine) {
+    box->MoveTo(40, 2);
+    EXPECT_EQ(RowAfter(Home, shift_mask::Ctrl), 1);
+    EXPECT_EQ(box->col(), 2);
+    EXPECT_EQ(RowAfter(PageDown, shift_mask::Ctrl), 100);
+    EXPECT_EQ(box->col(), 0) << "behind the last line there is no text to stand in";
+    EXPECT_EQ(RowAfter(PageUp, shift_mask::Ctrl), 1);
+    EXPECT_EQ(box->col(), 2);
+}
+
+TEST_F(Keys, AltChangesNothing) {
+    box->MoveTo(40, 2);
+    EXPECT_EQ(ColAfter(Left, shift_mask::Alt), 1);
+    EXPECT_EQ(RowAfter(Down, shift_mask::Alt), 41);
 }
 
 TEST_F(Keys, PagesCountWholeRowsLessTwo) {
@@ -150,13 +175,14 @@ TEST_F(Keys, CtrlASelectsEverythingAndIsNotReported) {
         if (row.Top() >= 7000) break;
         EXPECT_EQ(row.BackColor(), system_colour::Highlight);
     }
-    EXPECT_EQ(box.Log().Count("SelChanged"), 1U) << "the caret moved";
-    EXPECT_EQ(box.Log().Count("KeyUp(65, 2)"), 1U);
+    EXPECT_THAT(box.Log().Entries(), ElementsAre("Scrolled", "SelChanged", "KeyUp(65, 2)"));
     box.Log().Clear();
     box.Press(A, shift_mask::Ctrl);
-    EXPECT_EQ(box.Log().Count("SelChanged"), 0U) << "the caret stood there already";
+    EXPECT_EQ(box->row(), 100);
+    EXPECT_EQ(box->col(), 0);
     EXPECT_EQ(box->SelectedRowsCount(), -101);
-    EXPECT_EQ(box.Log().Entries().back(), "KeyUp(65, 2)");
+    EXPECT_THAT(box.Log().Entries(), ElementsAre("Scrolled", "KeyUp(65, 2)"))
+        << "the caret stood there already";
 }
 
 TEST_F(Keys, KeysThatTheControlDoesNotUseGoToTheHost) {
@@ -165,12 +191,102 @@ TEST_F(Keys, KeysThatTheControlDoesNotUseGoToTheHost) {
 }
 
 TEST_F(Keys, HandledKeysAreOnlyReportedWhenTheyComeUp) {
-    for (const std::int16_t key : {Up, Down, Left, Right, Home, End, PageUp, PageDown, A, F2}) {
+    for (const std::int16_t key : handled) {
         box.Log().Clear();
         box.Press(key);
         EXPECT_EQ(box.Log().Count("KeyDown(" + std::to_string(key) + ", 0)"), 0U) << key;
         EXPECT_EQ(box.Log().Count("KeyUp(" + std::to_string(key) + ", 0)"), 1U) << key;
     }
+}
+
+TEST_F(Keys, HandledKeysAreNeverReportedAsPressedWhateverIsHeldWithThem) {
+    for (const std::int16_t key : handled) {
+        for (std::int16_t shift = 0; shift < 8; ++shift) {
+            box.Log().Clear();
+            box.Press(key, shift);
+            for (const std::string& event : box.Log().Entries()) {
+                EXPECT_NE(event.substr(0, 7), "KeyDown") << key << " with " << shift;
+            }
+            EXPECT_EQ(box.Log().Entries().back(),
+                      "KeyUp(" + std::to_string(key) + ", " + std::to_string(shift) + ")");
+        }
+    }
+}
+
+TEST_F(Keys, OtherKeysAreReportedWithWhateverIsHeldWithThem) {
+    box.Press(B, 7);
+    box.Press(16, 1);
+    EXPECT_THAT(box.Log().Entries(),
+                ElementsAre("KeyDown(66, 7)", "KeyUp(66, 7)", "KeyDown(16, 1)", "KeyUp(16, 1)"));
+}
+
+TEST_F(Keys, TheEditorsKeyAndAPlainAChangeNothing) {
+    box->MoveTo(5, 2);
+    box->SelectedRowsCount(3);
+    const auto after = [&](std::int16_t key, std::int16_t shift) {
+        box.Log().Clear();
+        box.Press(key, shift);
+        EXPECT_EQ(box->row(), 5);
+        EXPECT_EQ(box->col(), 2);
+        EXPECT_EQ(box->SelectedRowsCount(), 3);
+        return box.Log().Entries();
+    };
+    EXPECT_THAT(after(F2, 0), ElementsAre("KeyUp(113, 0)"));
+    EXPECT_THAT(after(F2, shift_mask::Ctrl), ElementsAre("KeyUp(113, 2)"));
+    EXPECT_THAT(after(A, 0), ElementsAre("KeyUp(65, 0)"));
+    EXPECT_THAT(after(A, shift_mask::Shift), ElementsAre("KeyUp(65, 1)"));
+}
+
+TEST_F(Keys, AKeyOfTheHostEndsAnExtensionThatMovedNothing) {
+    box.Press(Up, shift_mask::Shift);
+    EXPECT_EQ(box->row(), 1);
+    box->MoveTo(5, 1);
+    EXPECT_EQ(box->SelectedRowsCount(), -5) << "kept: the next move takes it, whoever makes it";
+    box->MoveTo(1, 1);
+    box.Press(Up, shift_mask::Shift);
+    box.Press(B, shift_mask::Shift);
+    box->MoveTo(5, 1);
+    EXPECT_EQ(box->SelectedRowsCount(), 0);
+}
+
+TEST_F(Keys, ANewDocumentEndsAnExtensionThatMovedNothing) {
+    box.Press(Up, shift_mask::Shift);
+    Show(Doc(100));
+    box->MoveTo(5, 1);
+    EXPECT_EQ(box->SelectedRowsCount(), 0);
+}
+
+/// A host that writes into the arguments of every event.
+class WritingSink final : public EventSink {
+public:
+    void OnEvent(std::int32_t id, std::span<Variant> arguments) override {
+        if (id != event_id::KeyDown && id != event_id::KeyUp) return;
+        ++Keys;
+        arguments[0] = Down;
+        arguments[1] = shift_mask::Shift;
+    }
+
+    int Keys = 0;
+};
+
+TEST_F(Keys, WhatTheHostWritesIntoAKeysEventChangesNothing) {
+    WritingSink sink;
+    box->SetEventSink(&sink);
+    box.Press(B);
+    box->SetEventSink(nullptr);
+    EXPECT_EQ(sink.Keys, 2);
+    EXPECT_EQ(box->row(), 1);
+    EXPECT_THAT(box.Log().Entries(), ElementsAre("KeyDown(66, 0)", "KeyUp(66, 0)"));
+    box->MoveTo(5, 1);
+    EXPECT_EQ(box->SelectedRowsCount(), 0);
+}
+
+TEST_F(Keys, AKeyThatComesUpInAnotherElementIsReportedWhenItWentDownInTheText) {
+    box.Elements().OnKeyDown(Down, 0);
+    box.Elements().Focus.UserMovesTo(FocusChild::SearchBox);
+    box.Elements().OnKeyUp(Down, 0);
+    box.Elements().OnKeyUp(Down, 0);
+    EXPECT_THAT(box.Log().Entries(), ElementsAre("SelChanged", "KeyUp(40, 0)"));
 }
 
 TEST_F(Keys, OneReleaseIsReportedForAllKeysThatWentDownTogether) {
@@ -197,7 +313,7 @@ TEST_F(Keys, InAnyOtherElementKeysAreNotTheTexts) {
 TEST_F(Keys, BeforeAnyDocumentEveryKeyIsHarmless) {
     HeadlessBox empty;
     empty.EnterText();
-    for (const std::int16_t key : {Up, Down, Left, Right, Home, End, PageUp, PageDown, A, F2}) {
+    for (const std::int16_t key : handled) {
         for (const std::int16_t shift : {std::int16_t{0}, shift_mask::Shift, shift_mask::Ctrl}) {
             EXPECT_NO_THROW(empty.Press(key, shift));
         }
@@ -223,44 +339,22 @@ TEST_F(Keys, GoingToTheEndOpensAFoldThatHidesIt) {
     EXPECT_GE(box->RowTop(100), 0);
 }
 
-TEST_F(Keys, AKeyMakesTheMarkerVisible) {
+TEST_F(Keys, EveryKeyMakesTheMarkerVisible) {
+    for (const std::int16_t key : {Up, Down, Left, Right, Home, End, PageUp, PageDown, A, F2, B}) {
+        box.Elements().imgMarker.SetVisible(false);
+        box.Elements().OnKeyDown(key, 0);
+        EXPECT_TRUE(box.Elements().imgMarker.Visible()) << key;
+        box.Elements().OnKeyUp(key, 0);
+    }
+}
+
+TEST_F(Keys, InAnEmptyDocumentAKeyShowsTheMarkerUntilTheNextTick) {
+    Show(u"");
     box.Elements().imgMarker.SetVisible(false);
     box.Press(B);
     EXPECT_TRUE(box.Elements().imgMarker.Visible());
-}
-
-struct FocusMoves : Keys {
-    Image& Marker() { return box.Elements().imgMarker; }
-    Timer& Blink() { return box.Elements().tmrImage; }
-};
-
-TEST_F(FocusMoves, TheMarkerBlinksWhileTheTextHasTheKeyboardAndStandsStillOtherwise) {
-    EXPECT_TRUE(Blink().Enabled());
-    Marker().SetVisible(false);
-    box.Elements().Focus.UserMovesTo(FocusChild::SearchBox);
-    EXPECT_FALSE(Blink().Enabled());
-    EXPECT_TRUE(Marker().Visible());
-    box.Elements().Focus.UserMovesTo(FocusChild::TextArea);
-    EXPECT_TRUE(Blink().Enabled());
-}
-
-TEST_F(FocusMoves, EnteringAndLeavingTheControlShowTheMarkerOnlyWhereThereIsText) {
-    Marker().SetVisible(false);
-    box.Elements().OnEnter();
-    EXPECT_TRUE(Marker().Visible());
-    EXPECT_TRUE(Blink().Enabled());
-    box.Elements().OnExit();
-    EXPECT_TRUE(Marker().Visible());
-    EXPECT_FALSE(Blink().Enabled());
-    box->text(u"");
-    box.Elements().OnEnter();
-    EXPECT_FALSE(Marker().Visible());
-}
-
-TEST_F(FocusMoves, AScrollBarNeverKeepsTheKeyboard) {
-    box.Elements().Focus.UserMovesTo(FocusChild::SearchBox);
-    box.Elements().scrVert.UserClickInto();
-    EXPECT_EQ(box.Elements().Focus.Active(), FocusChild::TextArea);
+    box.TickTimer();
+    EXPECT_FALSE(box.Elements().imgMarker.Visible());
 }
 
 }  // namespace

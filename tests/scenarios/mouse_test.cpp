@@ -1,4 +1,7 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <memory>
 
 #include "headless/headless_box.h"
 #include "platform/keys.h"
@@ -6,6 +9,8 @@
 
 namespace quorvale {
 namespace {
+
+using testing::ElementsAre;
 
 constexpr std::int16_t left = mouse_button::Left;
 constexpr std::int16_t right = mouse_button::Right;
@@ -36,6 +41,34 @@ TEST_F(Mouse, APressRightOfTheTextStandsBeforeItsLastCharacter) {
     EXPECT_EQ(box->col(), 2);
 }
 
+TEST_F(Mouse, APressGoesBeforeTheCharacterThatReachesPastIt) {
+    box->text(Lines({u"abcdef", u""}));
+    const auto col = [&](int slot, double x) {
+        box.MousePress(slot, {left, 0, x, 100});
+        return box->col();
+    };
+    EXPECT_EQ(col(0, -50), 1);
+    EXPECT_EQ(col(0, 0), 1);
+    EXPECT_EQ(col(0, 119), 1);
+    EXPECT_EQ(col(0, 120), 2);
+    EXPECT_EQ(col(0, 719), 6);
+    EXPECT_EQ(col(0, 720), 6);
+    EXPECT_EQ(col(0, 99999), 6);
+    EXPECT_EQ(col(1, 0), 0) << "an empty line";
+}
+
+TEST_F(Mouse, APressOnABlankRowBelowAFoldedEndUncoversTheLastLine) {
+    // Symptom: the caret stood on the hidden last line, with its marker out of sight.
+    box->CollapseLines(50, 100);
+    box->CollapseAll();
+    box->TopLine(45);
+    box.MousePress(20, {left, 0, 300, 100});
+    EXPECT_EQ(box->row(), 100);
+    EXPECT_EQ(box->col(), 0);
+    EXPECT_GE(box->RowTop(100), 0);
+    EXPECT_EQ(Marker().Top(), box->RowTop(100));
+}
+
 TEST_F(Mouse, APressOnABlankRowGoesToTheLastLineLeftOfItsText) {
     box->text(Doc(3));
     box.MousePress(10, {left, 0, 300, 100});
@@ -61,6 +94,45 @@ TEST_F(Mouse, WhileTheCaretIsPlacedTheMarkerRestsAndThenBlinksAgain) {
     box.MousePress(4, {left, 0, 130, 100});
     EXPECT_EQ(seen,
               (std::vector<std::string>{"SelChange hidden resting", "MouseDown hidden blinking"}));
+}
+
+/// Notes what a press does to the elements, in its order.
+class PressNotes final : public ElementWatcher {
+public:
+    explicit PressNotes(HeadlessBox& box) : box_(box) {
+        box.Elements().Watch(this);
+        box.Elements().Focus.OnRequest = [this](FocusChild) { return Note("focus wanted"); };
+        box.Log().OnEvent = [this](const std::string& event) { Note(event); };
+    }
+    ~PressNotes() override { box_.Elements().Watch(nullptr); }
+
+    std::vector<std::string> All;
+
+    bool Note(const std::string& what) {
+        All.push_back(what);
+        return true;
+    }
+    void Setting(const Element& element, std::string_view property) override {
+        if (&element == &box_.Elements().imgMarker && property == "Visible") Note("marker");
+        if (&element == &box_.Elements().tmrImage && property == "Enabled") Note("timer");
+        if (&element == &box_.Elements().txtLn && property == "Text") Note("caret");
+    }
+
+private:
+    HeadlessBox& box_;
+};
+
+TEST_F(Mouse, APressHidesTheMarkerStopsTheTimerTakesTheFocusMovesTheCaretAndTellsTheHost) {
+    box.EnterText();
+    box.Elements().Focus.UserMovesTo(FocusChild::None);
+    Blink().SetEnabled(true);
+    box.Elements().Focus.OnGot = nullptr;
+    PressNotes notes(box);
+    box.MousePress(4, {left, 0, 130, 100});
+    EXPECT_THAT(notes.All, ElementsAre("marker", "timer", "focus wanted", "caret", "SelChanged",
+                                       "timer", "MouseDown(1, 0, 685, 1420)"));
+    EXPECT_FALSE(Marker().Visible()) << "until the next tick";
+    EXPECT_TRUE(Blink().Enabled());
 }
 
 TEST_F(Mouse, ARefusedFocusIsIgnored) {
@@ -97,7 +169,18 @@ TEST_F(Mouse, APlainPressDropsTheSelectionAlsoAtTheCaretsOwnPlace) {
     box.Log().Clear();
     box.MousePress(20, {left, 0, 130, 100});
     EXPECT_EQ(Selected(), 0) << "the caret did not move, the selection goes all the same";
-    EXPECT_EQ(box.Log().Count("SelChanged"), 1U);
+    EXPECT_THAT(box.Log().Entries(), ElementsAre("SelChanged", "MouseDown(1, 0, 685, 5260)"));
+    box.MousePress(22, {left, shift_mask::Shift, 130, 100});
+    EXPECT_EQ(Selected(), -3) << "a new selection starts there";
+}
+
+TEST_F(Mouse, APressWithShiftAtTheCaretsOwnPlaceKeepsTheSelection) {
+    box.MousePress(4, {left, 0, 130, 100});
+    box.MousePress(8, {left, shift_mask::Shift, 130, 100});
+    box.Log().Clear();
+    box.MousePress(8, {left, shift_mask::Shift, 130, 100});
+    EXPECT_EQ(Selected(), -5);
+    EXPECT_THAT(box.Log().Entries(), ElementsAre("MouseDown(1, 1, 685, 2380)"));
 }
 
 TEST_F(Mouse, ARightPressKeepsASelectionForTheHost) {
@@ -110,120 +193,24 @@ TEST_F(Mouse, ARightPressKeepsASelectionForTheHost) {
     EXPECT_EQ(box.Log().Entries(), (std::vector<std::string>{"MouseDown(2, 0, 685, 5260)"}));
 }
 
+TEST_F(Mouse, ARightPressOnASelectionLeavesMarkerTimerAndTheLastPressAsTheyAre) {
+    box.MousePress(4, {left, 0, 300, 100});
+    box.MouseRelease(4, {left, 0, 300, 100});
+    box->SelectedRowsCount(3);
+    box.Elements().Focus.UserMovesTo(FocusChild::SearchBox);
+    ASSERT_TRUE(Marker().Visible());
+    ASSERT_FALSE(Blink().Enabled());
+    box.MousePress(20, {right, 0, 0, 5});
+    EXPECT_TRUE(Marker().Visible());
+    EXPECT_FALSE(Blink().Enabled());
+    EXPECT_EQ(box.Elements().Focus.Active(), FocusChild::SearchBox);
+    box.MouseMove(4, {left, 0, 300, 340});
+    EXPECT_EQ(Selected(), -2) << "dragged from the first press, not from the left edge";
+}
+
 TEST_F(Mouse, ARightPressWithoutASelectionMovesTheCaret) {
     box.MousePress(20, {right, 0, 130, 100});
     EXPECT_EQ(box->row(), 21);
-}
-
-TEST_F(Mouse, ADragStartsAfterMoreThanSixtyTwips) {
-    box.MousePress(4, {left, 0, 300, 200});
-    box.MouseMove(4, {left, 0, 310, 250});
-    EXPECT_EQ(Selected(), 0) << "10 to the right and 50 down";
-    box.MouseMove(4, {left, 0, 310, 251});
-    EXPECT_EQ(Selected(), -2);
-}
-
-TEST_F(Mouse, NothingDragsWithAnotherButtonOrFromTheLeftEdge) {
-    box.MousePress(4, {middle, 0, 300, 100});
-    box.MouseMove(4, {middle, 0, 300, 900});
-    EXPECT_EQ(Selected(), 0);
-    box.MousePress(4, {left, 0, 0, 100});
-    box.MouseMove(4, {left, 0, 0, 900});
-    EXPECT_EQ(Selected(), 0);
-}
-
-TEST_F(Mouse, ADragSelectsTheRowsItPassesAndReportsNoPressOfItsOwn) {
-    box.MousePress(4, {left, 0, 300, 100});
-    box.Log().Clear();
-    box.MouseMove(4, {left, 0, 300, 610});
-    EXPECT_EQ(box->row(), 7);
-    EXPECT_EQ(Selected(), -3);
-    EXPECT_EQ(box.Log().Entries(), (std::vector<std::string>{"SelChanged"}));
-    box.MouseMove(4, {left, 0, 300, -300});
-    EXPECT_EQ(box->row(), 3);
-    EXPECT_EQ(Selected(), 3);
-    box.MouseRelease(4, {left, 0, 300, -300});
-    EXPECT_EQ(box.Log().Entries().back().substr(0, 7), "MouseUp");
-    box.MouseMove(9, {0, 0, 500, 100});
-    EXPECT_EQ(box->row(), 3);
-}
-
-TEST_F(Mouse, WhichRowADragReachesIsCountedInWholeRows) {
-    const auto reached = [&](double y) {
-        box.MousePress(10, {left, 0, 300, 100});
-        box.MouseMove(10, {left, 0, 900, y});
-        box.MouseRelease(10, {left, 0, 900, y});
-        return box->row() - 1;
-    };
-    EXPECT_EQ(reached(239), 10);
-    EXPECT_EQ(reached(240), 11);
-    EXPECT_EQ(reached(-1), 9);
-    EXPECT_EQ(reached(-240), 8) << "kept: a full row above counts as two";
-}
-
-TEST_F(Mouse, AboveTheRowsADragScrollsALineUpPerMove) {
-    box->TopLine(50);
-    box.MousePress(3, {left, 0, 300, 100});
-    box.MouseMove(3, {left, 0, 300, -800});
-    EXPECT_EQ(box->TopLine(), 49);
-    EXPECT_EQ(box->row(), 49);
-    EXPECT_EQ(box->col(), 0);
-    EXPECT_EQ(Selected(), 5);
-}
-
-TEST_F(Mouse, BelowTheRowsADragScrollsALineDownPerMove) {
-    box->TopLine(50);
-    box.MousePress(28, {left, 0, 300, 100});
-    box.MouseMove(28, {left, 0, 300, 800});
-    EXPECT_EQ(box->TopLine(), 51);
-    EXPECT_EQ(box->row(), 80);
-    EXPECT_EQ(box->col(), 0);
-}
-
-TEST_F(Mouse, AtTheEndsADragHasNowhereToGo) {
-    box->TopLine(71);
-    box.MousePress(28, {left, 0, 300, 100});
-    const std::int32_t row = box->row();
-    box.MouseMove(28, {left, 0, 300, 800});
-    EXPECT_EQ(box->TopLine(), 71);
-    EXPECT_EQ(box->row(), row);
-    box->TopLine(1);
-    box.MousePress(3, {left, 0, 300, 100});
-    box.Log().Clear();
-    box.MouseMove(3, {left, 0, 300, -1000});
-    EXPECT_EQ(box->TopLine(), 1);
-    EXPECT_EQ(box->row(), 1);
-    EXPECT_EQ(box.Log().Count("Scrolled"), 1U);
-}
-
-TEST_F(Mouse, ADragStepsOverAFoldAsOverOneLine) {
-    box->text(Doc(200));
-    box->CollapseLines(10, 20);
-    box->CollapseAll();
-    box->TopLine(10);
-    box.MousePress(28, {left, 0, 300, 100});
-    box.MouseMove(28, {left, 0, 300, 800});
-    EXPECT_EQ(box->TopLine(), 21);
-}
-
-TEST_F(Mouse, ADragOverAFoldInViewEndsOnTheLowestRowAndOpensNothing) {
-    box->text(Doc(1000));
-    box->CollapseLines(6, 500);
-    box->CollapseAll();
-    box->TopLine(2);
-    box.MousePress(28, {left, 0, 300, 100});
-    box.MouseMove(28, {left, 0, 300, 800});
-    EXPECT_EQ(box->TopLine(), 3);
-    EXPECT_EQ(box->row(), box.RowLines()[29]);
-    EXPECT_EQ(box.RowLines()[4], 501) << "still folded";
-}
-
-TEST_F(Mouse, AReleaseThatWentAstrayEndsTheDragWithTheNextMove) {
-    box.MousePress(4, {left, 0, 300, 100});
-    box.MouseMove(4, {left, 0, 300, 610});
-    box.MouseMove(15, {0, 0, 300, 100});
-    EXPECT_EQ(box->row(), 7);
-    EXPECT_EQ(Selected(), -3);
 }
 
 TEST_F(Mouse, ADoubleClickStoresTheRowWithoutReportingASelection) {
@@ -234,6 +221,35 @@ TEST_F(Mouse, ADoubleClickStoresTheRowWithoutReportingASelection) {
     EXPECT_EQ(box->row(), 7);
     EXPECT_EQ(box.Log().Count("DblClick"), 1U);
     EXPECT_TRUE(Marker().Visible());
+}
+
+TEST_F(Mouse, TheMarkerComesBackAfterTheHostHasHeardOfADoubleClick) {
+    Marker().SetVisible(false);
+    bool shownInside = true;
+    box.Log().OnEvent = [&](const std::string&) { shownInside = Marker().Visible(); };
+    box.Elements().OnRowDblClick(6);
+    EXPECT_THAT(box.Log().Entries(), ElementsAre("DblClick"));
+    EXPECT_EQ(box->row(), 7);
+    EXPECT_FALSE(shownInside);
+    EXPECT_TRUE(Marker().Visible());
+}
+
+TEST_F(Mouse, ADoubleClickWithTheRightButtonKeepsTheColumnWithinTheRow) {
+    // Symptom: the caret stood far behind the end of a short line.
+    box->text(Lines({Times(40), u"ab", u"cd"}));
+    box->MoveTo(1, 30);
+    box->SelectedRowsCount(1);
+    box.DoubleClick(1, {right, 0, 10, 10});
+    EXPECT_EQ(box->row(), 2);
+    EXPECT_EQ(box->col(), 3);
+}
+
+TEST_F(Mouse, ADoubleClickBelowAFoldedEndMeansTheLastLineThatIsShown) {
+    // Symptom: the caret's row was the hidden last line.
+    box->CollapseLines(10, 100);
+    box->CollapseAll();
+    box.Elements().OnRowDblClick(20);
+    EXPECT_EQ(box->row(), 10);
 }
 
 TEST_F(Mouse, ADoubleClickBelowTheTextMeansTheLastLine) {
@@ -247,6 +263,28 @@ TEST_F(Mouse, AClickOnALineImageNamesItsLineAndMovesNothing) {
     box.Elements().OnLineImageClick(3);
     EXPECT_EQ(box.Log().Entries(), (std::vector<std::string>{"ImageClick(4)"}));
     EXPECT_EQ(box->row(), 1);
+}
+
+TEST_F(Mouse, ALineImageIsClickedWithAndWithoutAPicture) {
+    auto pictures = std::make_shared<ImageList>();
+    pictures->Add(u"bug", std::make_shared<const Picture>("bug", 240, 240));
+    box->ImageList(pictures);
+    box->LineImage(9, std::int16_t{1});
+    ASSERT_NE(box.Elements().imgLine[8].Shown(), nullptr);
+    box.Elements().OnLineImageClick(8);
+    box->TopLine(20);
+    box.Elements().OnLineImageClick(8);
+    EXPECT_THAT(box.Log().Entries(), ElementsAre("ImageClick(9)", "Scrolled", "ImageClick(28)"));
+}
+
+TEST_F(Mouse, WithoutAnIconOfTheHostTheMarkerIsTheControlsOwn) {
+    const PicturePtr own = box.Elements().imgDefaultCursor.Shown();
+    EXPECT_EQ(Marker().Shown(), own);
+    const auto other = std::make_shared<const Picture>("other", 240, 240);
+    box->Icon(other);
+    EXPECT_EQ(Marker().Shown(), other);
+    box->Icon(nullptr);
+    EXPECT_EQ(Marker().Shown(), own);
 }
 
 TEST_F(Mouse, APressOnTheMarkerIsAPressOnTheRowUnderIt) {
@@ -273,6 +311,7 @@ TEST_F(Mouse, ANudgeOnTheMarkerSelectsNothing) {
     box.MouseMove(10, {left, 0, 115, 60});
     box.MouseRelease(10, {left, 0, 115, 60});
     EXPECT_EQ(box->row(), 11);
+    EXPECT_EQ(Selected(), 0);
 }
 
 TEST_F(Mouse, AMarkerThatLiesOutsideAllRowsAnswersNothing) {
@@ -283,6 +322,7 @@ TEST_F(Mouse, AMarkerThatLiesOutsideAllRowsAnswersNothing) {
     Marker().SetTop(-1000);
     box.Elements().OnMarkerMouseDown({left, 0, 10, 50});
     EXPECT_TRUE(box.Log().Entries().empty());
+    EXPECT_EQ(box->row(), 1);
 }
 
 TEST_F(Mouse, BeforeAnyDocumentAPressIsStillReported) {
@@ -321,19 +361,6 @@ TEST_F(Mouse, ASelectionTooLongForTheDoubleClickedRowIsDropped) {
     EXPECT_EQ(box->row(), 20);
     EXPECT_EQ(Selected(), 0);
     EXPECT_NO_THROW(box->TopLine(50));
-}
-
-TEST_F(Mouse, AHostThatShowsAnotherDocumentWhileADragScrollsKeepsItsCaret) {
-    box->TopLine(50);
-    box.MousePress(28, {left, 0, 300, 100});
-    box.Log().OnEvent = [&](const std::string& event) {
-        if (event != "Scrolled") return;
-        box.Log().OnEvent = nullptr;
-        box->text(Doc(300, 'N'));
-    };
-    box.MouseMove(28, {left, 0, 300, 800});
-    EXPECT_EQ(box->row(), 1);
-    EXPECT_EQ(Selected(), 0);
 }
 
 }  // namespace

@@ -9,77 +9,11 @@
 
 #include "base/errors.h"
 #include "document/visible_lines.h"
+#include "folding_rig.h"
 #include "support/error_of.h"
 
 namespace quorvale {
 namespace {
-
-using Log = std::vector<std::string>;
-
-class RecordingPeers final : public FoldingPeers {
-public:
-    explicit RecordingPeers(NavigationState& navigation) : navigation_(navigation) {}
-
-    Log Calls;
-
-    void FillRows() override { Calls.emplace_back("FillRows"); }
-    void LayoutView() override { Calls.emplace_back("LayoutView"); }
-    void SetRow(Line row) override {
-        Calls.push_back("SetRow " + std::to_string(row.Number()));
-        if (navigation_.CaretRow == row) return;
-        navigation_.CaretRow = row;
-        ++navigation_.CaretMoves;
-    }
-    void CaretMoved() override { Calls.emplace_back("CaretMoved"); }
-
-private:
-    NavigationState& navigation_;
-};
-
-class FoldingTest : public testing::Test {
-protected:
-    FoldingTest() { SetLines(100); }
-
-    void SetLines(std::int32_t lines) {
-        document.LineSlots = lines + 1;
-        document.Table.HiddenDepth.Reset(document.LineSlots, 0);
-        navigation.CaretRow = Line{1};
-    }
-
-    void Register(std::int32_t from, std::int32_t to) { collapse.Ranges.push_back({from, to, 0}); }
-
-    std::int16_t Depth(std::int32_t line) { return document.HiddenDepth(Line{line}); }
-
-    void ExpectDepths(std::int32_t from, std::int32_t to, std::int16_t depth) {
-        for (std::int32_t line = from; line <= to; ++line) EXPECT_EQ(Depth(line), depth) << line;
-    }
-
-    /// The depths as they follow from the list, line by line.
-    std::vector<std::int16_t> Recount() {
-        std::vector<std::int16_t> depths(static_cast<std::size_t>(document.LineSlots) + 1, 0);
-        for (const CollapseRange& range : collapse.Ranges) {
-            for (std::int32_t i = range.FromRow + 1; i <= range.ToRow; ++i) {
-                if (i > document.LineSlots) return depths;
-                ++depths[static_cast<std::size_t>(i)];
-            }
-        }
-        return depths;
-    }
-
-    void ExpectRecounted() {
-        const auto expected = Recount();
-        for (std::int32_t line = 1; line <= document.LineSlots; ++line) {
-            ASSERT_EQ(Depth(line), expected[static_cast<std::size_t>(line)]) << line;
-        }
-    }
-
-    DocumentState document;
-    NavigationState navigation;
-    CollapseState collapse;
-    ViewState view;
-    RecordingPeers peers{navigation};
-    Folding folding{document, navigation, collapse, view, peers};
-};
 
 TEST_F(FoldingTest, CollapseAllRaisesEveryLineByTheRangesItLiesInButNotTheirHeads) {
     Register(5, 20);
@@ -173,6 +107,34 @@ TEST_F(FoldingTest, AfterAFailureTheCaretStillStandsOnAShownLineAndTheRowsAreFil
     EXPECT_EQ(peers.Calls[1], "LayoutView");
 }
 
+TEST_F(FoldingTest, ACaretThatHadToClimbBeforeAFailureIsPlacedAndReportedLikeAnyOther) {
+    // Symptom: the caret stood behind the end of the line it had climbed to, and the selection was
+    // that of other rows.
+    Register(90, 150);
+    navigation.CaretRow = Line{95};
+    EXPECT_EQ(ErrorOf([&] { folding.CollapseAll(); }), ErrorKind::Index);
+    EXPECT_EQ(peers.Calls, (Log{"FillRows", "LayoutView", "SetRow 90", "CaretMoved"}));
+    folding.ExpandAll();
+    peers.Calls.clear();
+    navigation.CaretRow = Line{95};
+    EXPECT_EQ(ErrorOf([&] { folding.CollapseRangeAt(Line{90}, Line{150}); }), ErrorKind::Index);
+    EXPECT_EQ(peers.Calls, (Log{"FillRows", "LayoutView", "SetRow 90", "CaretMoved"}));
+}
+
+TEST_F(FoldingTest, ACaretThatDidNotHaveToClimbStaysWhereItIsAfterAFailure) {
+    Register(90, 150);
+    navigation.CaretRow = Line{50};
+    EXPECT_EQ(ErrorOf([&] { folding.CollapseAll(); }), ErrorKind::Index);
+    EXPECT_EQ(peers.Calls, (Log{"FillRows", "LayoutView"}));
+}
+
+TEST_F(FoldingTest, AClimbIsReportedOnce) {
+    Register(5, 20);
+    navigation.CaretRow = Line{12};
+    folding.CollapseAll();
+    EXPECT_EQ(peers.Calls, (Log{"FillRows", "LayoutView", "SetRow 5", "CaretMoved"}));
+}
+
 TEST_F(FoldingTest, RandomRangesEndWithTheDepthsOfALineByLineCount) {
     std::mt19937 random(4711);
     for (int round = 0; round < 300; ++round) {
@@ -214,6 +176,14 @@ TEST_F(FoldingTest, LinesInMoreFoldsThan16BitsCountAreAnOverflow) {
     EXPECT_EQ(Depth(6), 32767);
     collapse.Ranges.pop_back();
     EXPECT_EQ(ErrorOf([&] { folding.CollapseAll(); }), std::nullopt);
+    EXPECT_EQ(Depth(7), 32767);
+}
+
+TEST_F(FoldingTest, FoldingALineOnceMoreThan16BitsCountIsAnOverflow) {
+    for (int k = 0; k < 32767; ++k) folding.CollapseRangeAt(Line{5}, Line{7});
+    EXPECT_EQ(Depth(6), 32767);
+    EXPECT_EQ(ErrorOf([&] { folding.CollapseRangeAt(Line{5}, Line{7}); }), ErrorKind::Overflow);
+    EXPECT_EQ(Depth(6), 32767);
     EXPECT_EQ(Depth(7), 32767);
 }
 
@@ -290,82 +260,6 @@ TEST_F(FoldingTest, NumbersThatAreNoEntryUnfoldNothing) {
     for (const std::int32_t line : {0, -1, 102, 2147483647}) folding.ExpandAt(Line{line}, true);
     ExpectDepths(6, 20, 1);
     EXPECT_TRUE(peers.Calls.empty());
-}
-
-TEST_F(FoldingTest, OpeningAroundALineOpensEveryRangeThatHidesIt) {
-    Register(5, 20);
-    Register(8, 12);
-    folding.CollapseAll();
-    peers.Calls.clear();
-    folding.OpenAround(Line{10});
-    ExpectDepths(1, 101, 0);
-    EXPECT_TRUE(peers.Calls.empty()) << "the caller repaints";
-}
-
-TEST_F(FoldingTest, OpeningAroundALineKeepsDeeperFolds) {
-    Register(5, 20);
-    Register(8, 12);
-    folding.CollapseAll();
-    folding.OpenAround(Line{15});
-    ExpectDepths(6, 8, 0);
-    ExpectDepths(9, 12, 1);
-    ExpectDepths(13, 20, 0);
-    folding.CollapseAll();
-    folding.OpenAround(Line{6});
-    ExpectDepths(9, 12, 1);
-    ExpectDepths(13, 20, 0);
-}
-
-TEST_F(FoldingTest, OpeningAroundALineLeavesOtherFoldsAlone) {
-    Register(5, 20);
-    Register(30, 40);
-    folding.CollapseAll();
-    folding.OpenAround(Line{10});
-    ExpectDepths(6, 20, 0);
-    ExpectDepths(31, 40, 1);
-}
-
-TEST_F(FoldingTest, TheEntryBehindTheLastLineIsNotOpened) {
-    Register(90, 101);
-    folding.CollapseAll();
-    folding.OpenAround(Line{95});
-    ExpectDepths(91, 100, 0);
-    EXPECT_EQ(Depth(101), 1);
-}
-
-// The rule line by line, as it is told, against random nested ranges.
-TEST_F(FoldingTest, OpeningAroundRandomLinesFollowsTheRule) {
-    std::mt19937 random(99);
-    for (int round = 0; round < 400; ++round) {
-        SetLines(60);
-        collapse.Ranges.clear();
-        for (int k = 0; k < 12; ++k) {
-            const auto from = static_cast<std::int32_t>(random() % 58) + 1;
-            Register(from, std::min(from + static_cast<std::int32_t>(random() % 30) + 1, 61));
-        }
-        folding.CollapseAll();
-        auto expected = Recount();
-        const auto line = static_cast<std::size_t>(random() % 60) + 1;
-        const std::int16_t around = expected[line];
-        if (around == 0) continue;
-        const auto open = [](std::int16_t& depth, std::int16_t& level) {
-            if (depth > level) {
-                depth = static_cast<std::int16_t>(depth - level);
-            } else {
-                level = depth;
-                depth = 0;
-            }
-        };
-        std::int16_t level = around;
-        for (std::size_t i = line; i >= 1 && expected[i] != 0; --i) open(expected[i], level);
-        level = around;
-        for (std::size_t i = line + 1; i < 61 && expected[i] != 0; ++i) open(expected[i], level);
-        folding.OpenAround(Line{static_cast<std::int32_t>(line)});
-        for (std::size_t i = 1; i <= 61; ++i) {
-            ASSERT_EQ(Depth(static_cast<std::int32_t>(i)), expected[i]) << "line " << i;
-        }
-        EXPECT_EQ(Depth(static_cast<std::int32_t>(line)), 0);
-    }
 }
 
 TEST_F(FoldingTest, ALineHeadsAFoldWhenTheNextOneIsHidden) {
