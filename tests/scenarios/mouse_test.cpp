@@ -14,7 +14,6 @@ using testing::ElementsAre;
 
 constexpr std::int16_t left = mouse_button::Left;
 constexpr std::int16_t right = mouse_button::Right;
-constexpr std::int16_t middle = mouse_button::Middle;
 
 struct Mouse : testing::Test {
     Mouse() {
