@@ -16,6 +16,9 @@ endfunction()
 function(quorvale_unit_tests folder)
     file(GLOB files CONFIGURE_DEPENDS
         ${PROJECT_SOURCE_DIR}/tests/unit/${folder}/*_test.cpp)
+    if(NOT QUORVALE_WITH_PUGIXML)
+        list(FILTER files EXCLUDE REGEX "/pugi_xml_test\\.cpp$")
+    endif()
     quorvale_google_tests(${folder}_tests FILES ${files} USES quorvale_${folder})
 endfunction()
 

@@ -176,4 +176,11 @@ std::u16string DecimalText(std::int64_t number) {
     return {digits.begin(), digits.end()};
 }
 
+std::u16string HexText(char16_t number) {
+    constexpr std::u16string_view digits = u"0123456789ABCDEF";
+    std::u16string text;
+    for (int shift = 12; shift >= 0; shift -= 4) text += digits[(unsigned{number} >> shift) & 0xFU];
+    return text;
+}
+
 }  // namespace quorvale

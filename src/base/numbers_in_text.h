@@ -22,4 +22,7 @@ double ToDouble(std::u16string_view text);
 /// Plain decimal digits with "-" for a negative; no blank, no grouping, no locale.
 std::u16string DecimalText(std::int64_t number);
 
+/// The number as exactly four hexadecimal digits, capitals.
+std::u16string HexText(char16_t number);
+
 }  // namespace quorvale

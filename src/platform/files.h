@@ -2,12 +2,13 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
+
+#include "platform/file_digest.h"
 
 namespace quorvale {
 
@@ -48,42 +49,73 @@ public:
     virtual FileResult<std::size_t> Read(std::byte* into, std::size_t count) = 0;
 };
 
-/// The files of the outside world. Names are literal: no pattern, no expansion. A relative name
-/// means the current directory.
-class FileSystem {
+/// Stands for "done" where there is nothing else to say.
+struct Done {};
+
+/// A new content for a document file, which makes the journal beside it void.
+struct Replacement {
+    std::u16string Document;
+    /// Empty when there is no journal that the replacement makes void.
+    std::u16string Journal;
+    /// What the document file held when it was loaded.
+    FileDigest Loaded;
+    std::string_view NewBytes;
+};
+
+/// What stands on disk of a journal.
+enum class JournalStanding {
+    InForce,  ///< it belongs to the document file as it is, or there is none
+    Spent,    ///< its corrections are in the document file already, though it could not be removed
+};
+
+/// Files that can be read. Names are literal: no pattern, no expansion. A relative name means the
+/// current directory.
+class ReadableFiles {
 public:
-    virtual ~FileSystem() = default;
+    virtual ~ReadableFiles() = default;
 
     /// Fails for a missing name, for anything that is not a regular file (a directory, a FIFO, a
     /// device: opening them never waits) and without permission.
     virtual FileResult<std::unique_ptr<ReadStream>> OpenForReading(std::u16string_view name) = 0;
 };
 
-/// Files kept in memory: for tests and for hosts' tests.
-class MemoryFiles : public FileSystem {
+/// The files of the outside world. Whatever writes builds the new content beside the old one and
+/// puts it in place whole: after a failure, or a power cut, a name holds the old bytes or the new
+/// ones.
+class FileSystem : public ReadableFiles {
 public:
-    void Put(std::u16string name, std::string bytes);
-    void Remove(std::u16string_view name);
+    /// Fails when it cannot be known.
+    virtual FileResult<bool> Exists(std::u16string_view name) = 0;
 
-    FileResult<std::unique_ptr<ReadStream>> OpenForReading(std::u16string_view name) override;
+    /// The name that means the same file when the current directory has changed.
+    virtual std::u16string AbsoluteName(std::u16string_view name) = 0;
 
-private:
-    std::map<std::u16string, std::shared_ptr<const std::string>, std::less<>> files_;
-};
+    /// The journal's bytes. Null when there is nothing that could be read as one: no such name, or
+    /// no regular file (a link counts as none), and whatever is there may be replaced. Fails when
+    /// there is a journal that cannot be read: it may be good, and is neither to be deleted nor
+    /// overwritten.
+    virtual FileResult<std::unique_ptr<ReadStream>> OpenJournalForReading(std::u16string_view name);
 
-/// Wraps another file system and lets chosen calls fail, each with a reason of its own.
-class FailingFiles final : public FileSystem {
-public:
-    explicit FailingFiles(FileSystem& real) : real_(real) {}
+    /// Writes a journal: never more readable than the document beside it.
+    virtual FileResult<Done> SaveJournal(std::u16string_view journal, std::u16string_view document,
+                                         std::string_view bytes) = 0;
 
-    bool FailOpen = false;
-    /// The number of the read call, from 1, that fails in every stream opened from now on; 0: none.
-    int FailRead = 0;
+    /// Removes a journal; one that is not there is no failure. A read-only one goes with `force`
+    /// only.
+    virtual FileResult<Done> DeleteJournal(std::u16string_view journal, bool force) = 0;
 
-    FileResult<std::unique_ptr<ReadStream>> OpenForReading(std::u16string_view name) override;
+    /// Gives the document file its new content. When it fails, calling again is safe. Until
+    /// `RemoveSpentJournal` the journal stays, and whoever asks `Recover` learns that it is spent.
+    virtual FileResult<Done> ReplaceDocument(const Replacement& replacement) = 0;
 
-private:
-    FileSystem& real_;
+    /// After a replacement: removes the journal that was in force before it.
+    virtual FileResult<Done> RemoveSpentJournal(const Replacement& replacement) = 0;
+
+    /// Before a document and its journal are read: ends what an earlier replacement, here or in a
+    /// process that was killed, has left unfinished, in the document file too. When it fails, the
+    /// journal is as one that cannot be read: neither used, deleted nor overwritten.
+    virtual FileResult<JournalStanding> Recover(std::u16string_view document,
+                                                std::u16string_view journal) = 0;
 };
 
 }  // namespace quorvale

@@ -21,6 +21,14 @@ struct HostOptions {
     /// How the bytes of loaded files are read.
     quorvale::Encoding Encoding = quorvale::Encoding::SingleByte;
 
+    /// Off: the Edit command and F2 change nothing. On: they open the editor over the selected
+    /// rows.
+    bool OfferEditing = false;
+
+    /// Off: a commit ends every line with CR LF and writes blanks for tabs, except in corrected
+    /// lines. On: it leaves all but the corrected lines as they are, byte for byte.
+    bool KeepLineFormat = false;
+
     /// The columns at which "Show Boundaries" draws its lines; 0 and less for the left edge of the
     /// text.
     std::vector<std::int32_t> BoundaryColumns = {72, 80};

@@ -7,6 +7,7 @@
 #include "platform/memory.h"
 #include "platform/message_box.h"
 #include "platform/text_metrics.h"
+#include "platform/xml_service.h"
 
 namespace quorvale {
 
@@ -15,6 +16,7 @@ namespace quorvale {
 struct HostServices {
     std::shared_ptr<TextMetrics> Metrics;
     std::shared_ptr<FileSystem> Files;
+    std::shared_ptr<XmlService> Xml;
     std::shared_ptr<BlockMemory> Memory;
     std::shared_ptr<Container> Site;
     std::shared_ptr<MessageBoxes> Messages;

@@ -72,6 +72,8 @@ public:
     std::function<void(int slot)> OnLineImageClick;
     std::function<void(int slot)> OnGlyphClick;
     std::function<void(int slot, const MouseEvent&)> OnGlyphMouseDown;
+    /// The mark of a corrected row is clicked.
+    std::function<void(int slot)> OnEditMarkClick;
     std::function<void(const MouseEvent&)> OnMarkerMouseDown;
     std::function<void(const MouseEvent&)> OnMarkerMouseMove;
     std::function<void(const MouseEvent&)> OnMarkerMouseUp;

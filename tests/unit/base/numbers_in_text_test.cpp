@@ -204,5 +204,12 @@ TEST(DecimalText, IsReadBack) {
     }
 }
 
+TEST(HexText, IsAlwaysFourDigits) {
+    EXPECT_EQ(HexText(0), u"0000");
+    EXPECT_EQ(HexText(0x1F), u"001F");
+    EXPECT_EQ(HexText(0xD83D), u"D83D");
+    EXPECT_EQ(HexText(0xFFFF), u"FFFF");
+}
+
 }  // namespace
 }  // namespace quorvale

@@ -1,4 +1,4 @@
-#include "platform/files.h"
+#include "platform/memory_files.h"
 
 #include <gtest/gtest.h>
 
@@ -62,6 +62,63 @@ TEST(MemoryFiles, AnOpenStreamKeepsWhatItOpened) {
     stream = files.OpenForReading(u"a");
     files.Remove(u"a");
     EXPECT_EQ(ReadAll(**stream, 100), "second");
+}
+
+TEST(MemoryFiles, AJournalThatIsNotThereIsNoFailure) {
+    MemoryFiles files;
+    auto journal = files.OpenJournalForReading(u"a!.xml");
+    ASSERT_TRUE(journal);
+    EXPECT_EQ(*journal, nullptr);
+    files.Put(u"a!.xml", "<corrections/>");
+    journal = files.OpenJournalForReading(u"a!.xml");
+    ASSERT_TRUE(journal);
+    EXPECT_EQ(ReadAll(**journal, 100), "<corrections/>");
+}
+
+TEST(MemoryFiles, AReplacedDocumentMakesItsJournalSpent) {
+    MemoryFiles files;
+    files.Put(u"a", "old");
+    files.Put(u"a!.xml", "journal");
+    const Replacement replacement{u"a", u"a!.xml", DigestOf("old"), "new"};
+    ASSERT_TRUE(files.ReplaceDocument(replacement));
+    EXPECT_EQ(*files.Bytes(u"a"), "new");
+    EXPECT_EQ(*files.Bytes(u"a!.xml"), "journal");
+    files.SetReadOnly(u"a!.xml");
+    EXPECT_FALSE(files.RemoveSpentJournal(replacement));
+    EXPECT_EQ(*files.Recover(u"a", u"a!.xml"), JournalStanding::Spent);
+    ASSERT_TRUE(files.SaveJournal(u"a!.xml", u"a", "another"));
+    EXPECT_EQ(*files.Recover(u"a", u"a!.xml"), JournalStanding::InForce);
+    EXPECT_FALSE(files.DeleteJournal(u"a!.xml", false));
+    EXPECT_TRUE(files.DeleteJournal(u"a!.xml", true));
+    EXPECT_FALSE(*files.Exists(u"a!.xml"));
+}
+
+TEST(FailingFiles, EveryCallFailsThatIsToldTo) {
+    MemoryFiles files;
+    files.Put(u"a", "text");
+    FailingFiles failing(files);
+    const Replacement replacement{u"a", u"a!.xml", {}, "new"};
+    EXPECT_EQ(*failing.OpenJournalForReading(u"a!.xml"), nullptr);
+    failing.FailOpen = failing.FailExists = failing.FailSave = failing.FailDelete = true;
+    failing.FailReplace = failing.FailRemoveSpent = failing.FailRecover = true;
+    EXPECT_FALSE(failing.Exists(u"a"));
+    EXPECT_FALSE(failing.OpenJournalForReading(u"a!.xml"));
+    EXPECT_FALSE(failing.SaveJournal(u"a!.xml", u"a", "x"));
+    EXPECT_FALSE(failing.DeleteJournal(u"a", true));
+    EXPECT_FALSE(failing.ReplaceDocument(replacement));
+    EXPECT_FALSE(failing.RemoveSpentJournal(replacement));
+    EXPECT_FALSE(failing.Recover(u"a", u"a!.xml"));
+    EXPECT_EQ(failing.AbsoluteName(u"a"), u"a");
+    EXPECT_EQ(*files.Bytes(u"a"), "text");
+}
+
+TEST(FailingFiles, AJournalsStreamFailsToo) {
+    MemoryFiles files;
+    files.Put(u"a!.xml", "text");
+    FailingFiles failing(files);
+    failing.FailRead = 1;
+    EXPECT_EQ(ReadAll(**failing.OpenJournalForReading(u"a!.xml"), 3), "<Reading was made to fail>");
+    EXPECT_EQ(*failing.OpenJournalForReading(u"b!.xml"), nullptr);
 }
 
 TEST(FailingFiles, HandsThroughWhenNothingIsToFail) {

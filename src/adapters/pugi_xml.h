@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/xml_service.h"
+
+namespace quorvale {
+
+/// XML read with pugixml, in every encoding that `XmlService` knows of.
+class PugiXml final : public XmlService {
+public:
+    XmlReading Read(std::string_view bytes, const XmlReadOptions& options) override;
+    FileResult<std::string> Write(const XmlDocument& document) override;
+};
+
+}  // namespace quorvale
