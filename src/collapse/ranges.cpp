@@ -16,6 +16,8 @@ void RangeRegister::CollapseLines(std::int32_t fromRow, std::int32_t toRow) {
 
 void RangeRegister::ForgetAll() {
     collapse_ = {};
+    // The next fill takes back the room that their glyphs had.
+    collapse_.RangesUnchanged = false;
     surface_.tbMore.SetButtonEnabled(u"Collapsed", false);
 }
 

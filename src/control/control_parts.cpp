@@ -15,7 +15,8 @@ ControlParts::ControlParts(HostServices services, HostOptions options)
       Peers(*this),
       Lines(Document, View, Elements, *Services.Metrics, Options),
       Attributes(Document, View, Elements, Looks),
-      Loading(Document, Elements, *Services.Files, *Services.Memory, Options, Peers),
+      DocumentPath(*Services.Files),
+      Loading(Document, Elements, DocumentPath, *Services.Memory, Options, Peers),
       Slots(View, Elements, Collapse),
       Layout(View, Elements, Document, Navigation, Slots, *Services.Metrics, Options, Peers),
       Fill(View, Collapse, Elements, Document, Navigation, Looks, Lines, Peers),
@@ -34,10 +35,25 @@ ControlParts::ControlParts(HostServices services, HostOptions options)
       Ranges(Collapse, Elements, Document),
       Folding(Document, Navigation, Collapse, View, Peers),
       Glyphs(Elements, Collapse, Folding),
+      Journal(Corrections),
+      JournalIndex(Corrections),
+      CorrectedText(Document, Corrections, JournalIndex),
+      Marks(Corrections, JournalIndex, Navigation, Elements, Document, View, Peers),
+      Recording(Editing, Elements, Lines, Journal, JournalIndex, Marks),
+      JournalFile(Document, Corrections, Journal, Recording, Marks, DocumentPath, *Services.Files,
+                  *Services.Xml),
+      Editor(Editing, Elements, Document, Navigation, View, Options, JournalIndex, CorrectedText,
+             Journal, Recording, Peers),
+      Undo(Corrections, Journal, Recording, Marks, *Services.Messages, Texts),
+      Walk(Corrections, JournalIndex, *Services.Messages, Texts, Peers),
+      Commit(Document, Corrections, Navigation, Journal, CorrectedText, Recording, Marks,
+             *Services.Files, Options, *Services.Messages, Texts, Peers),
+      Commands(Editor, Undo, Walk, Commit),
       Appearance(*this),
       Shell(*this),
       Persistence(*this),
-      Extras(*this) {
+      Extras(*this),
+      HostCorrections(*this) {
     CreateElements(Elements, Texts, Options);
     Appearance.StartWithAmbientFont();
     WireHandlers(*this);

@@ -7,10 +7,23 @@
 #include "collapse/ranges.h"
 #include "control/appearance.h"
 #include "control/event_hub.h"
+#include "control/host_corrections.h"
 #include "control/host_extras.h"
 #include "control/persistence.h"
 #include "control/shell.h"
 #include "control/switchboard.h"
+#include "corrections/commands.h"
+#include "corrections/commit.h"
+#include "corrections/corrected_text.h"
+#include "corrections/document_path.h"
+#include "corrections/editor.h"
+#include "corrections/journal.h"
+#include "corrections/journal_file.h"
+#include "corrections/journal_index.h"
+#include "corrections/marks.h"
+#include "corrections/recording.h"
+#include "corrections/undo.h"
+#include "corrections/walk.h"
 #include "document/line_access.h"
 #include "document/line_attributes.h"
 #include "document/loading.h"
@@ -24,6 +37,7 @@
 #include "navigation/scrolling.h"
 #include "platform/host_services.h"
 #include "resources/string_table.h"
+#include "state/corrections_state.h"
 #include "state/editing_state.h"
 #include "state/search_state.h"
 #include "view/editor_place.h"
@@ -52,6 +66,7 @@ public:
     NavigationState Navigation;
     CollapseState Collapse;
     EditingState Editing;
+    CorrectionsState Corrections;
     SearchState Search;
     AppearanceState Looks;
     Surface Elements;
@@ -61,6 +76,7 @@ public:
 
     LineAccess Lines;
     LineAttributes Attributes;
+    quorvale::DocumentPath DocumentPath;
     DocumentLoading Loading;
 
     RowSlots Slots;
@@ -84,10 +100,23 @@ public:
     quorvale::Folding Folding;
     quorvale::Glyphs Glyphs;
 
+    quorvale::Journal Journal;
+    quorvale::JournalIndex JournalIndex;
+    quorvale::CorrectedText CorrectedText;
+    CorrectionMarks Marks;
+    EditRecording Recording;
+    quorvale::JournalFile JournalFile;
+    LineEditor Editor;
+    CorrectionUndo Undo;
+    CorrectionWalk Walk;
+    quorvale::Commit Commit;
+    CorrectionCommands Commands;
+
     quorvale::Appearance Appearance;
     quorvale::Shell Shell;
     quorvale::Persistence Persistence;
     HostExtras Extras;
+    quorvale::HostCorrections HostCorrections;
 
     /// How many members and handlers of this control are running inside one another.
     int Depth = 0;

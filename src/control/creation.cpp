@@ -31,6 +31,7 @@ void CreatePictures(Surface& surface) {
     }
     surface.imgDefaultCursor.SetPicture(MakePicture("marker", CaretMarkerPicture()));
     surface.imgMarker.SetPicture(surface.imgDefaultCursor.Shown());
+    surface.imgEdit[0].SetPicture(MakePicture("glyph", CorrectionMarkPicture()));
     surface.imgMarker.SetLeft(-1000);
 }
 

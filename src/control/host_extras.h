@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/encoding.h"
+#include "resources/string_table.h"
 
 namespace quorvale {
 
@@ -15,6 +16,9 @@ class HostExtras {
 public:
     explicit HostExtras(ControlParts& parts) : parts_(parts) {}
 
+    /// What the control's own texts are written in.
+    quorvale::Language Language() const;
+
     /// How the bytes of the shown file became characters; never `Automatic`.
     Encoding FileEncoding() const;
 
@@ -25,6 +29,18 @@ public:
     /// The lines `first` to `last` as they stand in the file, with the line breaks between them.
     /// Numbers outside the document are clamped to it.
     std::u16string RawText(std::int32_t first, std::int32_t last) const;
+
+    /// No more than the first `most` characters of it: looking at a line of a gigabyte is cheap.
+    std::u16string RawLineStart(std::int32_t i, std::int32_t most) const;
+
+    /// How many characters `RawText` would give, or a few more: their line breaks count in full.
+    std::int64_t RawTextLength(std::int32_t first, std::int32_t last) const;
+
+    /// The length of `text`.
+    std::int32_t TextLength() const;
+
+    /// Another number for every document that is put in place.
+    std::uint64_t DocumentNumber() const;
 
     /// The lines of the row selection, or the caret's when nothing is selected; `First` is 0 before
     /// any document.
@@ -38,6 +54,14 @@ public:
     void ForgetFolds();
 
 private:
+    /// Characters of the text from a position on.
+    struct Stretch {
+        std::int32_t Start = 1;
+        std::int32_t Length = 0;
+    };
+
+    Stretch StretchOf(std::int32_t first, std::int32_t last) const;
+
     ControlParts& parts_;
 };
 

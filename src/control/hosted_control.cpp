@@ -12,12 +12,18 @@ HostedControl::HostedControl(HostServices services, HostOptions options)
 
 HostedControl::~HostedControl() {
     parts_->Events.Silence();
-    const Frame frame(parts_);
+    // What shows the elements may be gone already.
+    parts_->Elements.Focus.SetBlocked(true);
     try {
-        frame->Peers.CloseJournal();
-    } catch (const ControlError&) {
+        Terminate();
+    } catch (...) {
         // There is nobody left to tell.
     }
+}
+
+void HostedControl::Terminate() {
+    const Frame frame(parts_);
+    frame->JournalFile.CloseJournal();
 }
 
 void HostedControl::InitProperties() {
@@ -65,6 +71,8 @@ void HostedControl::SetOptions(HostOptions options) {
     parts_->Options = std::move(options);
     CreateBoundaries(parts_->Elements, parts_->Options);
 }
+
+HostCorrections& HostedControl::Corrections() const { return parts_->HostCorrections; }
 
 HostExtras& HostedControl::Extras() const { return parts_->Extras; }
 

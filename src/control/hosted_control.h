@@ -13,6 +13,7 @@
 namespace quorvale {
 
 class ControlParts;
+class HostCorrections;
 class HostExtras;
 
 /// What a host does with the control around its members: it creates it, brings it to life, listens,
@@ -33,6 +34,8 @@ public:
     void Hide();
     /// The surroundings changed; only "DisplayName" matters.
     void AmbientChanged(std::u16string_view name);
+    /// Saves the corrections or removes their file; File error when they cannot be saved.
+    void Terminate();
     /// Stores the properties that differ from their defaults.
     void WriteProperties(PropertyBag& bag) const;
 
@@ -47,11 +50,13 @@ public:
     /// Takes effect at the next load or layout; to be set before a document is.
     void SetOptions(HostOptions options);
 
-    /// What a host may ask and do beyond the members.
+    /// What a host may ask and do beyond the members: about the corrections, and all else.
+    HostCorrections& Corrections() const;
     HostExtras& Extras() const;
 
 protected:
     HostedControl(HostServices services, HostOptions options);
+    /// Terminates the control, whether or not the corrections can be saved.
     ~HostedControl();
 
     std::shared_ptr<ControlParts> parts_;

@@ -18,7 +18,7 @@ class QuorvaleBox : public HostedControl {
 public:
     /// Creates the control and sets all its texts. The services must all be given.
     explicit QuorvaleBox(HostServices services, HostOptions options = {});
-    /// Saves the corrections beside the file, or removes their file when there are none.
+    /// Terminates the control, whether or not the corrections can be saved.
     ~QuorvaleBox() = default;
 
     // The document.
@@ -44,7 +44,6 @@ public:
     void ImageList(std::shared_ptr<Object> list);
 
     // The view.
-
     std::int32_t TopLine() const;
     void TopLine(std::int32_t line);
     /// Top of the line's row in twips; negative when the line is not on screen.
@@ -55,7 +54,6 @@ public:
     void AutoRedraw(bool redraw);
 
     // The caret and the selected rows.
-
     std::int32_t row() const;
     void row(std::int32_t r);
     std::int32_t col() const;
@@ -79,7 +77,6 @@ public:
     void ExpandAll();
 
     // Search and toolbar.
-
     std::u16string SearchText() const;
     void SearchText(const std::u16string& text);
     /// Full names of the files to search, separated by CR.
@@ -91,7 +88,6 @@ public:
     void ShowGrid(bool show);
 
     // Appearance.
-
     Colour BackColor() const;
     void BackColor(Colour colour);
     Colour ForeColor() const;

@@ -11,6 +11,8 @@ void Shell::ToolbarClicked(const std::u16string& key) {
         GridClicked();
     } else if (key == u"Collapsed") {
         parts_.Elements.mnuCollapse.PopUp(0, parts_.Elements.tbMore.Height());
+    } else if (key == u"Edit") {
+        parts_.Elements.mnuPopup.PopUp(0, parts_.Elements.tbMore.Height());
     } else if (!key.empty() && key.front() == u'.') {
         RaiseButtonClick(key.substr(1));
     }

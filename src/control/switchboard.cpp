@@ -27,6 +27,7 @@ void Switchboard::RevealLine(Line line, std::int32_t col) { parts_.Reveal.Reveal
 void Switchboard::SetRow(Line row) { parts_.Caret.SetRow(row); }
 
 void Switchboard::StoreRow(Line row) { parts_.Caret.StoreRow(row); }
+void Switchboard::MoveTo(Line row, std::int32_t col) { parts_.Caret.MoveTo(row, col); }
 
 void Switchboard::PlaceCaret() { parts_.Caret.PlaceCaret(); }
 
@@ -45,12 +46,24 @@ void Switchboard::ExpandAt(Line line) { parts_.Folding.ExpandAt(line, false); }
 
 void Switchboard::OpenAround(Line line) { parts_.Folding.OpenAround(line); }
 
-// The control does not offer corrections yet: no editor opens, and there is no journal to open,
-// save or mark rows by.
-void Switchboard::CloseEdit() {}
-void Switchboard::CloseJournal() {}
-void Switchboard::OpenJournal(const std::u16string&) {}
-void Switchboard::RefreshCorrectionMarks() {}
+void Switchboard::CloseEdit() { parts_.Recording.RecordEdit(true); }
+
+void Switchboard::CloseJournal() { parts_.JournalFile.CloseJournal(); }
+
+void Switchboard::OpenJournal(const std::u16string&) { parts_.JournalFile.OpenJournal(); }
+
+void Switchboard::RefreshCorrectionMarks() { parts_.Marks.RefreshCorrectionMarks(); }
+
+void Switchboard::OpenEditor() { parts_.Editor.Open(); }
+
+void Switchboard::LoadAgain(const std::u16string& name, const std::u16string& path) {
+    parts_.DocumentPath.OpenNext(path);
+    parts_.Loading.LoadFile(name);
+    // Where it did not come as far as opening a file.
+    parts_.DocumentPath.OpenNext({});
+}
+
+bool Switchboard::MayCommit() { return parts_.HostCorrections.MayCommit(); }
 
 bool Switchboard::UserMode() const { return parts_.Services.Site->UserMode(); }
 

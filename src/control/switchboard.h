@@ -1,6 +1,10 @@
 #pragma once
 
 #include "collapse/folding.h"
+#include "corrections/commit.h"
+#include "corrections/editor.h"
+#include "corrections/marks.h"
+#include "corrections/walk.h"
 #include "document/loading.h"
 #include "navigation/caret.h"
 #include "navigation/keyboard.h"
@@ -34,7 +38,11 @@ class Switchboard final : public LoadingPeers,
                           public RowMousePeers,
                           public KeyboardPeers,
                           public MarkerBlinkPeers,
-                          public FoldingPeers {
+                          public FoldingPeers,
+                          public CorrectionMarksPeers,
+                          public LineEditorPeers,
+                          public CorrectionWalkPeers,
+                          public CommitPeers {
 public:
     explicit Switchboard(ControlParts& parts) : parts_(parts) {}
 
@@ -53,6 +61,7 @@ public:
     void RevealLine(Line line, std::int32_t col) override;
     void StoreRow(Line row) override;
     void SetRow(Line row) override;
+    void MoveTo(Line row, std::int32_t col) override;
     void PlaceCaret() override;
     void PlaceMarker() override;
     void SettleCaret() override;
@@ -68,9 +77,12 @@ public:
     void CloseJournal() override;
     void OpenJournal(const std::u16string& fileName) override;
     void RefreshCorrectionMarks() override;
+    void OpenEditor() override;
+    void LoadAgain(const std::u16string& name, const std::u16string& path) override;
 
     // The host.
     bool UserMode() const override;
+    bool MayCommit() override;
     void ReportTextChanged() override;
     void RaiseScrolled() override;
     void RaiseSelChanged() override;

@@ -75,12 +75,25 @@ void WireKeysAndFocus(ControlParts& parts) {
     surface.tmrImage.OnTick = Handler(parts, [](P& p) { p.MarkerBlink.Ticked(); });
 }
 
+void WireCorrections(ControlParts& parts) {
+    using P = ControlParts;
+    Surface& surface = parts.Elements;
+    surface.OnEditMarkClick = Handler(parts, [](P& p, int slot) { p.Marks.Clicked(slot); });
+    surface.mnuPopup.OnPick =
+        Handler(parts, [](P& p, const std::u16string& key) { p.Commands.MenuPicked(key); });
+    surface.rtbEdit.OnChange = Handler(parts, [](P& p) { p.Editor.TextChanged(); });
+    surface.rtbEdit.OnKeyDown = [&parts](std::int16_t& key, std::int16_t shift) {
+        RunUserAction(parts, [&] { parts.Editor.KeyDown(key, shift); });
+    };
+}
+
 }  // namespace
 
 void WireHandlers(ControlParts& parts) {
     WireBarsAndTools(parts);
     WireMouse(parts);
     WireKeysAndFocus(parts);
+    WireCorrections(parts);
 }
 
 }  // namespace quorvale

@@ -1,18 +1,10 @@
 #include "document/encodings.h"
 
-#include <array>
-
 #include "base/utf8.h"
 
 namespace quorvale {
 
 namespace {
-
-/// The characters of the bytes 0x80 to 0x9F in the Western code page.
-constexpr std::array<char16_t, 32> westernSpecials = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 constexpr int noByte = -1;
 
@@ -73,10 +65,6 @@ EncodedText EncodeText(std::u16string_view units, Encoding encoding) {
             break;
     }
     return EncodeUtf8(units);
-}
-
-char16_t FromWindows1252(std::uint8_t byte) {
-    return byte >= 0x80 && byte < 0xA0 ? westernSpecials[byte - 0x80U] : byte;
 }
 
 }  // namespace quorvale

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "base/western_code_page.h"
 #include "platform/encoding.h"
 
 namespace quorvale {
@@ -21,8 +21,5 @@ struct EncodedText {
 /// Writes a text as bytes. A text that was read in the same encoding comes back as the very bytes
 /// it was read from. `Automatic` writes UTF-8.
 EncodedText EncodeText(std::u16string_view units, Encoding encoding);
-
-/// The character of a byte in the Western code page.
-char16_t FromWindows1252(std::uint8_t byte);
 
 }  // namespace quorvale

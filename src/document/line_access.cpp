@@ -6,6 +6,7 @@
 #include "base/errors.h"
 #include "base/integers.h"
 #include "document/display_text.h"
+#include "document/line_extent.h"
 #include "state/slot_lines.h"
 
 namespace quorvale {
@@ -18,13 +19,8 @@ constexpr std::size_t longLine = 1 << 14;
 }  // namespace
 
 std::u16string LineAccess::RawLineText(Line line) const {
-    if (!document_.IsLine(line)) return {};
-    const LineStarts& starts = document_.Table.Starts;
-    const std::int32_t start = starts[line.Number()];
-    // The next line starts behind the line feed that ends this one.
-    std::u16string text = document_.Text.Mid(start, starts[line.Number() + 1] - 1 - start);
-    if (!text.empty() && text.back() == u'\r') text.pop_back();
-    return text;
+    const LineExtent extent = ExtentOf(document_, line);
+    return document_.Text.Mid(extent.Start, extent.Length);
 }
 
 SharedText LineAccess::TextOf(Line line) {

@@ -34,7 +34,7 @@ public:
 /// reads one with the other's numbers.
 class DocumentLoading {
 public:
-    DocumentLoading(DocumentState& document, Surface& surface, FileSystem& files,
+    DocumentLoading(DocumentState& document, Surface& surface, ReadableFiles& files,
                     BlockMemory& memory, const HostOptions& options, LoadingPeers& peers)
         : document_(document),
           surface_(surface),
@@ -60,7 +60,7 @@ private:
 
     DocumentState& document_;
     Surface& surface_;
-    FileSystem& files_;
+    ReadableFiles& files_;
     BlockMemory& memory_;
     const HostOptions& options_;
     LoadingPeers& peers_;

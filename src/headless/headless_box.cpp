@@ -12,6 +12,7 @@ HeadlessBox::HeadlessBox(HeadlessSetup setup) {
     HostServices services;
     services.Metrics = metrics_;
     services.Files = setup.Files ? setup.Files : files_;
+    services.Xml = setup.Xml ? setup.Xml : std::make_shared<PlainXml>();
     services.Memory = setup.Memory ? setup.Memory : std::make_shared<PlainMemory>();
     services.Site = site_;
     services.Messages = messages_;
@@ -74,6 +75,40 @@ void HeadlessBox::Press(std::int16_t keyCode, std::int16_t shift) {
     if (Destroyed()) return;
     const auto up = Elements().OnKeyUp;
     up(keyCode, shift);
+}
+
+void HeadlessBox::ClickMark(int slot) {
+    const auto click = Elements().OnEditMarkClick;
+    click(slot);
+}
+
+void HeadlessBox::PickCorrections(std::u16string_view key) {
+    // The host may destroy the control, and its menu, before it is done.
+    Menu& menu = Elements().mnuPopup;
+    const auto pick = menu.OnPick;
+    menu.UserCancel();
+    pick(std::u16string(key));
+}
+
+void HeadlessBox::TypeInEditor(std::u16string text) { Elements().rtbEdit.SetText(std::move(text)); }
+
+std::int16_t HeadlessBox::PressInEditor(std::int16_t keyCode, std::int16_t shift) {
+    const auto down = Elements().rtbEdit.OnKeyDown;
+    down(keyCode, shift);
+    if (Destroyed() || keyCode != key_code::Return) return keyCode;
+    TextBox& editor = Elements().rtbEdit;
+    std::u16string text = editor.Text();
+    const std::size_t at = editor.SelStart();
+    text.replace(at, editor.SelLength(), u"\r\n");
+    editor.SetText(std::move(text));
+    editor.Select(at + 2, 0);
+    return keyCode;
+}
+
+void HeadlessBox::Leave() {
+    Elements().Focus.UserMovesTo(FocusChild::None);
+    const auto exit = Elements().OnExit;
+    exit();
 }
 
 void HeadlessBox::MousePress(int slot, const MouseEvent& event) {

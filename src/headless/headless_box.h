@@ -10,6 +10,8 @@
 #include "headless/event_log.h"
 #include "headless/fixed_metrics.h"
 #include "headless/headless_host.h"
+#include "platform/memory_files.h"
+#include "platform/plain_xml.h"
 
 namespace quorvale {
 
@@ -20,8 +22,9 @@ struct HeadlessSetup {
     Twips Height = 7560;
     int LanguageId = 1033;
     bool UserMode = true;
-    /// Files and memory other than the ones of this library; null for those.
+    /// Files, XML and memory other than the ones of this library; null for those.
     std::shared_ptr<FileSystem> Files;
+    std::shared_ptr<XmlService> Xml;
     std::shared_ptr<BlockMemory> Memory;
 };
 
@@ -76,6 +79,17 @@ public:
     void MouseRelease(int slot, const MouseEvent& event);
     /// Press, release, double click and second release, as a window delivers them.
     void DoubleClick(int slot, const MouseEvent& event);
+    /// The mark of a corrected row is clicked.
+    void ClickMark(int slot);
+    /// An entry of the corrections menu is picked.
+    void PickCorrections(std::u16string_view key);
+    /// The text in the editor is replaced by another one.
+    void TypeInEditor(std::u16string text);
+    /// A key goes down in the editor. Enter types a line break unless the control swallows it.
+    /// Returns the key's code as the control left it.
+    std::int16_t PressInEditor(std::int16_t keyCode, std::int16_t shift = 0);
+    /// The keyboard leaves the control.
+    void Leave();
     /// The timer's interval passes.
     void TickTimer() { Elements().tmrImage.Tick(); }
 

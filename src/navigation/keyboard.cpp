@@ -54,6 +54,7 @@ bool Keyboard::Handle(std::int16_t keyCode, bool ctrl) {
             return true;
         // The editor's key is the control's own, whether or not editing is offered.
         case key_code::F2:
+            peers_.OpenEditor();
             return true;
         default:
             return false;

@@ -15,6 +15,8 @@ class KeyboardPeers {
 public:
     virtual ~KeyboardPeers() = default;
     virtual void PaintRowColours() = 0;
+    /// Opens the editor over the selected rows, where the host offers that.
+    virtual void OpenEditor() = 0;
     virtual void RaiseKeyDown(std::int16_t keyCode, std::int16_t shift) = 0;
     virtual void RaiseKeyUp(std::int16_t keyCode, std::int16_t shift) = 0;
 };

@@ -31,14 +31,18 @@ void RowMouse::HoldMarker() {
 }
 
 void RowMouse::RowPressed(int slot, const MouseEvent& event) {
+    Press(slot, event, {event.X, event.Y});
+}
+
+void RowMouse::Press(int slot, const MouseEvent& event, Place dragsFrom) {
     const bool onSelection =
         event.Button == mouse_button::Right && navigation_.SelectedRowsCount != 0;
     const MouseEvent onControl = OnControl(slot, event);
     // The selection stays for what the host does with it.
     if (onSelection) return peers_.RaiseMouseDown(onControl);
     const std::int32_t col = caret_.ColumnAtX(surface_.lblLine[slot].Caption(), event.X);
-    navigation_.MouseDownX = event.X;
-    navigation_.MouseDownY = event.Y;
+    navigation_.MouseDownX = dragsFrom.X;
+    navigation_.MouseDownY = dragsFrom.Y;
     HoldMarker();
     const Line row = SlotLine(surface_, slot);
     surface_.Focus.Request(FocusChild::TextArea);
@@ -135,7 +139,13 @@ int RowMouse::SlotAtMarker(Twips y) const {
 
 void RowMouse::MarkerPressed(const MouseEvent& event) {
     const int slot = SlotAtMarker(event.Y - surface_.ToolbarHeight());
-    if (surface_.lblLine.Has(slot)) RowPressed(slot, OnRow(slot, event));
+    if (!surface_.lblLine.Has(slot)) return;
+    // The row has the mouse from now on: how far it drags counts from where it really is on the
+    // row.
+    const Label& label = surface_.lblLine[slot];
+    const Image& marker = surface_.imgMarker;
+    Press(slot, OnRow(slot, event),
+          {event.X + marker.Left() - label.Left(), event.Y + marker.Top() - label.Top()});
 }
 
 // A press hides the marker and hands the mouse to the row, so these two only see a mouse that

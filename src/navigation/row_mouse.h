@@ -47,6 +47,12 @@ public:
     void MarkerReleased(const MouseEvent& event);
 
 private:
+    struct Place {
+        Twips X;
+        Twips Y;
+    };
+
+    void Press(int slot, const MouseEvent& event, Place dragsFrom);
     void Drag(int slot, const MouseEvent& event);
     void DragBeyond(bool above);
     void ExtendTo(Line row, std::int32_t col);

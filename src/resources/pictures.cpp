@@ -89,6 +89,12 @@ constexpr std::string_view caretMarkerSvg =
 </svg>
 )";
 
+constexpr std::string_view correctionMarkSvg =
+    R"(<svg xmlns="http://www.w3.org/2000/svg" width="5" height="15" viewBox="0 0 5 15">
+<rect x="1" y="0" width="3" height="15" fill="#35915e"/>
+</svg>
+)";
+
 constexpr std::string_view windowIconSvg =
     R"(<svg xmlns="http://www.w3.org/2000/svg" width="64" height="64" viewBox="0 0 64 64">
 <rect x="8" y="4" width="48" height="56" rx="4" fill="#ffffff" stroke="#808080"
@@ -118,6 +124,7 @@ constexpr std::array<PictureData, 2> glyphs{{
 }};
 
 constexpr PictureData caretMarker{"Marker", caretMarkerSvg, 16, 16};
+constexpr PictureData correctionMark{"Correction", correctionMarkSvg, 5, 15};
 constexpr PictureData windowIcon{"Window", windowIconSvg, 64, 64};
 
 }  // namespace
@@ -125,6 +132,7 @@ constexpr PictureData windowIcon{"Window", windowIconSvg, 64, 64};
 std::span<const PictureData> ToolbarPictures() { return toolbar; }
 std::span<const PictureData> GlyphPictures() { return glyphs; }
 const PictureData& CaretMarkerPicture() { return caretMarker; }
+const PictureData& CorrectionMarkPicture() { return correctionMark; }
 const PictureData& WindowIcon() { return windowIcon; }
 
 }  // namespace quorvale

@@ -26,6 +26,9 @@ std::span<const PictureData> GlyphPictures();
 /// the row, centred on the caret, so it is a slim bar that leaves the characters readable.
 const PictureData& CaretMarkerPicture();
 
+/// The mark beside a corrected row: a bar as narrow as its place, drawn as high as the row; 5 x 15.
+const PictureData& CorrectionMarkPicture();
+
 /// The icon of a window that shows the control; 64 x 64.
 const PictureData& WindowIcon();
 

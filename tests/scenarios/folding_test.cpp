@@ -218,7 +218,7 @@ TEST_F(Folds, ARangePastTheEndHidesWhatLiesInTheDocumentAndIsAnError) {
     EXPECT_EQ(ErrorOf([&] { box->CollapseAll(); }), ErrorKind::Index);
     EXPECT_EQ(Depths(89, 101), "0011111111111");
     EXPECT_EQ(box.RowLines().back(), 90);
-    EXPECT_FALSE(box.Elements().lblLine[SlotOf(90) + 1].Bold());
+    EXPECT_TRUE(box.Elements().lblLine[SlotOf(90)].Bold());
 }
 
 TEST_F(Folds, ACaretThatClimbsOutOfARangePastTheEndStandsInTheLineAndIsHeard) {

@@ -22,6 +22,7 @@ protected:
         HostServices services;
         services.Metrics = std::make_shared<FixedMetrics>();
         services.Files = files_;
+        services.Xml = std::make_shared<PlainXml>();
         services.Memory = std::make_shared<PlainMemory>();
         services.Site = site_;
         services.Messages = std::make_shared<HeadlessMessages>();

@@ -82,6 +82,8 @@ class Monkey : public testing::TestWithParam<unsigned> {};
 TEST_P(Monkey, NothingThatUserOrHostDoLeavesAnythingWrong) {
     const unsigned first = GetParam() * seedsPerShard;
     const auto wanted = FromEnvironment("QUORVALE_SEED");
+    // A seed that no shard has would be replayed by nobody.
+    ASSERT_LT(wanted.value_or(0), shards * seedsPerShard) << "there is no such seed";
     const unsigned steps = FromEnvironment("QUORVALE_STEP").value_or(stepsPerSeed);
     for (unsigned seed = first; seed < first + seedsPerShard && !HasFailure(); ++seed) {
         if (!wanted || seed == *wanted) RunSeed(seed, steps, wanted.has_value());

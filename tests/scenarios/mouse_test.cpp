@@ -313,6 +313,19 @@ TEST_F(Mouse, ANudgeOnTheMarkerSelectsNothing) {
     EXPECT_EQ(Selected(), 0);
 }
 
+// A press on the marker and a twitch of the hand used to select the row.
+TEST_F(Mouse, FromTheMarkerADragBeginsAsFarAwayAsFromARow) {
+    box->MoveTo(11, 2);
+    box.Elements().OnMarkerMouseDown({left, 0, 100, 60});
+    const Label& row = box.Elements().lblLine[10];
+    const double x = Marker().Left() + 100 - row.Left();
+    const double y = Marker().Top() + 60 - row.Top();
+    box.MouseMove(10, {left, 0, x + 30, y + 30});
+    EXPECT_EQ(Selected(), 0);
+    box.MouseMove(10, {left, 0, x + 30, y + 31 + 240});
+    EXPECT_EQ(Selected(), -2);
+}
+
 TEST_F(Mouse, AMarkerThatLiesOutsideAllRowsAnswersNothing) {
     Marker().SetTop(200 * 240);
     box.Elements().OnMarkerMouseDown({left, 0, 10, 50});

@@ -13,6 +13,7 @@
 #include "control/member_table.h"
 #include "control/quorvale_box.h"
 #include "plain_services.h"
+#include "platform/memory_files.h"
 
 namespace quorvale {
 

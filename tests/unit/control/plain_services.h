@@ -6,6 +6,7 @@
 
 #include "platform/files.h"
 #include "platform/host_services.h"
+#include "platform/plain_xml.h"
 
 namespace quorvale {
 
@@ -47,6 +48,7 @@ inline HostServices PlainServices(std::shared_ptr<FileSystem> files) {
     HostServices services;
     services.Metrics = std::make_shared<EvenMetrics>();
     services.Files = std::move(files);
+    services.Xml = std::make_shared<PlainXml>();
     services.Memory = std::make_shared<PlainMemory>();
     services.Site = std::make_shared<QuietContainer>();
     services.Messages = std::make_shared<CancelledMessages>();

@@ -14,21 +14,25 @@
 #include "base/text.h"
 #include "document/loading.h"
 #include "document_fixture.h"
+#include "platform/memory_files.h"
 
 namespace quorvale {
 
 using Log = std::vector<std::string>;
 
 /// Writes down what loading does with a file, and can be told to fail.
-class LoggedFiles final : public FileSystem {
+class LoggedFiles final : public ReadableFiles {
 public:
     explicit LoggedFiles(Log& log) : log_(log) {}
 
     MemoryFiles Real;
     std::function<void()> OnRead;
+    bool FailOpen = false;
+    bool FailRead = false;
 
     FileResult<std::unique_ptr<ReadStream>> OpenForReading(std::u16string_view name) override {
         log_.push_back("open " + ToUtf8(name));
+        if (FailOpen) return FileFailure{"open", std::u16string(name), "as the test wants it"};
         auto stream = Real.OpenForReading(name);
         if (!stream) return stream.Failure();
         std::unique_ptr<ReadStream> logged = std::make_unique<Stream>(*this, std::move(*stream));
@@ -49,6 +53,7 @@ private:
         FileResult<std::size_t> Read(std::byte* into, std::size_t count) override {
             files_.Once("read");
             if (files_.OnRead) files_.OnRead();
+            if (files_.FailRead) return FileFailure{"read", u"", "as the test wants it"};
             return real_->Read(into, count);
         }
 

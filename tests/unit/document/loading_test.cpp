@@ -148,14 +148,12 @@ TEST_F(DocumentLoadingTest, NoMemoryForTheFileGivesOneEmptyLine) {
 }
 
 TEST_F(DocumentLoadingTest, AFailedReadOrOpenGivesOneEmptyLine) {
-    FailingFiles failing(files_);
-    DocumentLoading loading(document_, surface_, failing, memory_, options_, *this);
-    failing.FailOpen = true;
-    loading.LoadFile(u"/three");
+    files_.FailOpen = true;
+    loading_.LoadFile(u"/three");
     ExpectOneEmptyLineOfNoFile();
-    failing.FailOpen = false;
-    failing.FailRead = 1;
-    loading.LoadFile(u"/three");
+    files_.FailOpen = false;
+    files_.FailRead = true;
+    loading_.LoadFile(u"/three");
     ExpectOneEmptyLineOfNoFile();
     EXPECT_EQ(std::count(log_.begin(), log_.end(), "close"), 1) << "and the file is closed";
 }

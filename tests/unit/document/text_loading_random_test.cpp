@@ -9,6 +9,7 @@
 #include "base/utf8.h"
 #include "document/encodings.h"
 #include "document/text_loading.h"
+#include "platform/memory_files.h"
 
 namespace quorvale {
 namespace {

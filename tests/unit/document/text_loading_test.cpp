@@ -12,6 +12,7 @@
 
 #include "base/errors.h"
 #include "document/encodings.h"
+#include "platform/memory_files.h"
 #include "support/noting_memory.h"
 
 namespace quorvale {

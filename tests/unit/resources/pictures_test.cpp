@@ -21,6 +21,7 @@ std::vector<PictureData> AllPictures() {
     std::vector<PictureData> all(ToolbarPictures().begin(), ToolbarPictures().end());
     all.insert(all.end(), GlyphPictures().begin(), GlyphPictures().end());
     all.push_back(CaretMarkerPicture());
+    all.push_back(CorrectionMarkPicture());
     all.push_back(WindowIcon());
     return all;
 }
@@ -69,6 +70,10 @@ TEST(Pictures, TheGlyphsAre180TwipsSquare) {
 TEST(Pictures, TheMarkerIs240TwipsSquare) {
     EXPECT_EQ(CaretMarkerPicture().Width * 15, 240);
     EXPECT_EQ(CaretMarkerPicture().Height * 15, 240);
+}
+
+TEST(Pictures, TheCorrectionMarkIs75TwipsWide) {
+    EXPECT_EQ(CorrectionMarkPicture().Width * 15, 75);
 }
 
 TEST(Pictures, TheSvgTextDeclaresThePicturesSize) {

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "corrections/journal.h"
+#include "corrections/marks.h"
+#include "corrections/recording.h"
+#include "platform/message_box.h"
+#include "resources/string_table.h"
+#include "state/corrections_state.h"
+
+namespace quorvale {
+
+/// Takes corrections back. The file is not touched.
+class CorrectionUndo {
+public:
+    CorrectionUndo(CorrectionsState& corrections, Journal& journal, EditRecording& recording,
+                   CorrectionMarks& marks, MessageBoxes& messages, Language texts)
+        : corrections_(corrections),
+          journal_(journal),
+          recording_(recording),
+          marks_(marks),
+          messages_(messages),
+          texts_(texts) {}
+
+    /// Removes the picked correction, wherever the caret is; what is in an open editor is dropped.
+    /// It stays picked, so that the walk to its neighbours goes on from there.
+    void Undo();
+
+    /// Asks, then removes all corrections; what is in an open editor is dropped.
+    void UndoAll();
+
+private:
+    CorrectionsState& corrections_;
+    Journal& journal_;
+    EditRecording& recording_;
+    CorrectionMarks& marks_;
+    MessageBoxes& messages_;
+    Language texts_;
+};
+
+}  // namespace quorvale

@@ -1,0 +1,35 @@
+#include "resources/spoken_words.h"
+
+#include <array>
+#include <cstddef>
+
+namespace quorvale {
+
+namespace {
+
+/// A word in English, Japanese and Korean, in the order of the enumeration.
+struct Translated {
+    std::u16string_view English;
+    std::u16string_view Japanese;
+    std::u16string_view Korean;
+};
+
+constexpr std::array<Translated, 7> words{{
+    {u"Text", u"テキスト", u"텍스트"},
+    {u"blank", u"空行", u"빈 행"},
+    {u"folded", u"縮小", u"접힘"},
+    {u"corrected", u"修正済み", u"정정됨"},
+    {u"line %1", u"行 %1", u"행 %1"},
+    {u"Show Toolbar", u"ツールバーの表示", u"도구 모음 표시"},
+    {u"Hide Toolbar", u"ツールバーの非表示", u"도구 모음 숨기기"},
+}};
+
+}  // namespace
+
+std::u16string_view LoadSpoken(SpokenWord word, Language language) {
+    const Translated& found = words[static_cast<std::size_t>(word)];
+    if (language == Language::Japanese) return found.Japanese;
+    return language == Language::Korean ? found.Korean : found.English;
+}
+
+}  // namespace quorvale
