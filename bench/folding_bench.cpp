@@ -2,73 +2,26 @@
 // step over a long fold against a step without one, and the caret in a line of ten million
 // characters. Usage: folding_bench.
 
-#include <algorithm>
-#include <chrono>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <functional>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "headless/headless_box.h"
 #include "platform/keys.h"
+#include "timing.h"
 
 namespace {
 
 using namespace quorvale;
+using namespace quorvale::bench;
 
-constexpr int rounds = 5;
 constexpr std::int32_t lines = 10'000'000;
 constexpr std::int32_t ranges = 100'000;
 constexpr std::size_t longLine = 10'000'000;
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-struct Timing {
-    std::string Name;
-    std::function<void()> Work;
-    std::function<void()> Prepare = [] {};
-    std::vector<double> Times{};
-
-    void Measure() {
-        Prepare();
-        const auto begin = std::chrono::steady_clock::now();
-        Work();
-        const std::chrono::duration<double, std::milli> time =
-            std::chrono::steady_clock::now() - begin;
-        Times.push_back(time.count());
-    }
-    double Middle() const { return Median(Times); }
-};
-
-/// Once to warm up, then in turn, so that a slow moment of the machine meets all of them.
-void Measure(std::vector<Timing>& timings) {
-    for (Timing& timing : timings) {
-        timing.Prepare();
-        timing.Work();
-    }
-    for (int round = 0; round < rounds; ++round) {
-        for (Timing& timing : timings) timing.Measure();
-    }
-}
-
-void Print(const Timing& timing, const std::string& remark) {
-    const auto [least, most] = std::minmax_element(timing.Times.begin(), timing.Times.end());
-    std::printf("  %-52s %9.3f ms  (%.3f to %.3f)  %s\n", timing.Name.c_str(), timing.Middle(),
-                *least, *most, remark.c_str());
-}
-
-std::string Ratio(double one, double other, const char* remark) {
-    char text[80];
-    std::snprintf(text, sizeof text, "%.2f x %s", one / other, remark);
-    return text;
-}
 
 std::string LinesOfText(std::int32_t count) {
     std::string bytes;

@@ -40,6 +40,32 @@ class Pictures(ViewerCase):
         self.until("a selection", lambda shown: shown["selected"] == -4)
         self.take("folds.png")
 
+    def test_a_line_that_is_being_corrected(self):
+        copy = Path("tide-service.log")
+        copy.write_bytes((TOP / "samples/tide-service.log").read_bytes())
+        self.open(str(copy), title="tide-service")
+        self.until("the file", lambda shown: shown["lines"] > 50)
+        tool("xdotool", "windowsize", "--sync", self.window, "900", "420")
+        self.activate()
+        self.correct(11, "2026-03-12 09:14:06.078 INFO  collector  Round 1 of 215 stations")
+        self.correct(16, "2026-03-12 09:14:09.251 INFO  http       GET /stations/017/level 200 4 ms")
+        self.point_at_line(19, x=500)
+        self.click()
+        self.press("F2", "End")
+        self.until("the editor", lambda shown: shown["focus"] == "editor")
+        tool("xdotool", "type", ", see the note of 10:40")
+        self.take("correcting.png")
+
+    def correct(self, line, text):
+        self.point_at_line(line, x=500)
+        self.click()
+        self.press("F2")
+        self.until("the editor", lambda shown: shown["focus"] == "editor")
+        self.press("ctrl+a")
+        tool("xdotool", "type", text)
+        self.press("ctrl+Return")
+        self.until("the mark", lambda shown: self.row_of(line)["corrected"])
+
 
 if __name__ == "__main__":
     desktop.VIEWER = sys.argv.pop(1)

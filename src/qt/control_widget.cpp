@@ -4,6 +4,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "qt/accessible_rows.h"
 #include "qt/control_link.h"
 #include "qt/conversions.h"
 #include "qt/event_relay.h"
@@ -17,11 +18,14 @@ ControlWidget::ControlWidget(QWidget* parent)
       faces_(std::make_shared<FontFaces>()),
       link_(std::make_shared<ControlLink>()),
       events_(std::make_unique<EventRelay>(*this)) {
+    // Qt remembers what it finds at the first question.
+    offerAccessibility();
     link_->attach(std::make_shared<QuorvaleBox>(
         widgetServices(*this, faces_, [this, link = link_](const QString& name) {
             if (link->box() != nullptr) emit propertyReported(name);
         })));
     surface_ = std::make_unique<LiveSurface>(link_, faces_, *this);
+    connect(surface_.get(), &LiveSurface::changesShown, this, &ControlWidget::shown);
     // Text and bars run from the left on every desktop.
     setLayoutDirection(Qt::LeftToRight);
     setFocusProxy(&surface_->rows());
@@ -63,7 +67,18 @@ void ControlWidget::setOptions(const HostOptions& options) {
 
 HostOptions ControlWidget::options() const { return box().Options(); }
 
+void ControlWidget::call(const std::function<void(QuorvaleBox&)>& member) {
+    const std::shared_ptr<QuorvaleBox> held = link_->box();
+    if (held == nullptr) return;
+    try {
+        member(*held);
+    } catch (const ControlError&) {
+    }
+}
+
 std::shared_ptr<QuorvaleBox> ControlWidget::heldBox() const { return link_->box(); }
+
+void ControlWidget::act(const std::function<void(Surface&)>& action) { link_->run(action); }
 
 QSize ControlWidget::sizeHint() const { return {800, 600}; }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "control/quorvale_box.h"
@@ -32,6 +33,10 @@ public:
     /// The real widgets and what they show, for those who look into the control.
     LiveSurface& liveSurface() { return *surface_; }
 
+    /// Runs what a user does to the elements, beside the widgets: a failure of the control ends
+    /// here, and the control may end the widget.
+    void act(const std::function<void(Surface&)>& action);
+
     QSize sizeHint() const override;
 
 signals:
@@ -59,9 +64,14 @@ signals:
     void beforeFileChange(const QString& fileName, bool* changed);
     /// The control has set one of its properties, by this name.
     void propertyReported(const QString& name);
+    /// What had changed on the control is on the screen: at most once per turn of the event loop.
+    void shown();
 
 protected:
     explicit ControlWidget(QWidget* parent);
+
+    /// Runs a member of the control, held alive; a failure of the control ends here.
+    void call(const std::function<void(QuorvaleBox&)>& member);
 
     /// The control, held alive while one of its members runs: a slot may destroy the widget.
     std::shared_ptr<QuorvaleBox> heldBox() const;

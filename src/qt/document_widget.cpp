@@ -1,8 +1,10 @@
 #include "qt/document_widget.h"
 
 #include <QPointer>
+#include <utility>
 
 #include "base/errors.h"
+#include "control/host_extras.h"
 #include "platform/variant.h"
 #include "qt/conversions.h"
 #include "qt/system_colours.h"
@@ -32,9 +34,14 @@ QVariant toQVariant(const Variant& value) {
 }  // namespace
 
 DocumentWidget::DocumentWidget(QWidget* parent) : ControlWidget(parent) {
-    connect(this, &ControlWidget::propertyReported, this, [this](const QString& name) {
-        if (name == QLatin1String("Text")) emit textChanged();
-    });
+    connect(this, &ControlWidget::propertyReported, this, &DocumentWidget::noteDocument);
+    connect(this, &ControlWidget::shown, this, &DocumentWidget::noteDocument);
+}
+
+// The control reports a text that was set, but not a file that was loaded.
+void DocumentWidget::noteDocument() {
+    const std::uint64_t now = box().Extras().DocumentNumber();
+    if (std::exchange(documentNoted_, now) != now) emit textChanged();
 }
 
 QString DocumentWidget::text() const { return toQString(box().text()); }
@@ -61,6 +68,8 @@ QVariant DocumentWidget::lineImage(int line) const { return toQVariant(box().Lin
 double DocumentWidget::rowTop(int line) const { return static_cast<double>(box().RowTop(line)); }
 
 QPoint DocumentWidget::placeOfOffset(int offset) const {
+    // The member would take the caret along to the end.
+    if (offset < 0 || offset >= box().Extras().TextLength()) return {};
     std::int32_t place = offset;
     std::int32_t line = 0;
     std::int32_t column = 0;
@@ -70,47 +79,73 @@ QPoint DocumentWidget::placeOfOffset(int offset) const {
 
 void DocumentWidget::loadFile(const QString& fileName) {
     const QPointer<DocumentWidget> alive(this);
-    heldBox()->LoadFile(toUtf16(fileName));
-    if (alive != nullptr) emit textChanged();
+    call([&](QuorvaleBox& held) { held.LoadFile(toUtf16(fileName)); });
+    if (alive != nullptr) noteDocument();
 }
 
-void DocumentWidget::setText(const QString& text) { heldBox()->text(toUtf16(text)); }
-void DocumentWidget::setTopLine(int line) { heldBox()->TopLine(line); }
-void DocumentWidget::setRow(int row) { heldBox()->row(row); }
-void DocumentWidget::setCol(int col) { heldBox()->col(col); }
-void DocumentWidget::moveTo(int row, int col) { heldBox()->MoveTo(row, col); }
-void DocumentWidget::setOffset(int offset) { heldBox()->Offset(offset); }
+void DocumentWidget::setText(const QString& text) {
+    call([&](QuorvaleBox& held) { held.text(toUtf16(text)); });
+}
+void DocumentWidget::setTopLine(int line) {
+    call([&](QuorvaleBox& held) { held.TopLine(line); });
+}
+void DocumentWidget::setRow(int row) {
+    call([&](QuorvaleBox& held) { held.row(row); });
+}
+void DocumentWidget::setCol(int col) {
+    call([&](QuorvaleBox& held) { held.col(col); });
+}
+void DocumentWidget::moveTo(int row, int col) {
+    call([&](QuorvaleBox& held) { held.MoveTo(row, col); });
+}
+void DocumentWidget::setOffset(int offset) {
+    call([&](QuorvaleBox& held) { held.Offset(offset); });
+}
 
-void DocumentWidget::setSelectedRowsCount(int count) { heldBox()->SelectedRowsCount(count); }
+void DocumentWidget::setSelectedRowsCount(int count) {
+    call([&](QuorvaleBox& held) { held.SelectedRowsCount(count); });
+}
 
-void DocumentWidget::setSearchText(const QString& text) { heldBox()->SearchText(toUtf16(text)); }
+void DocumentWidget::setSearchText(const QString& text) {
+    call([&](QuorvaleBox& held) { held.SearchText(toUtf16(text)); });
+}
 
 void DocumentWidget::setSearchFiles(const QStringList& fileNames) {
-    heldBox()->SearchFiles(toUtf16(fileNames.join(u'\r')));
+    call([&](QuorvaleBox& held) { held.SearchFiles(toUtf16(fileNames.join(u'\r'))); });
 }
 
 void DocumentWidget::setLineForeColor(int line, const QColor& colour) {
-    heldBox()->LineForeColor(line, toColour(colour));
+    call([&](QuorvaleBox& held) { held.LineForeColor(line, toColour(colour)); });
 }
 
 void DocumentWidget::setLineBackColor(int line, const QColor& colour) {
-    heldBox()->LineBackColor(line, toColour(colour));
+    call([&](QuorvaleBox& held) { held.LineBackColor(line, toColour(colour)); });
 }
 
 void DocumentWidget::setLineImage(int line, const QVariant& nameOrNumber) {
-    heldBox()->LineImage(line, toVariant(nameOrNumber));
+    call([&](QuorvaleBox& held) { held.LineImage(line, toVariant(nameOrNumber)); });
 }
 
-void DocumentWidget::setImageList(const IconList& icons) { heldBox()->ImageList(icons.object()); }
+void DocumentWidget::setImageList(const IconList& icons) {
+    call([&](QuorvaleBox& held) { held.ImageList(icons.object()); });
+}
 
-void DocumentWidget::ensureVisible(int line) { heldBox()->EnsureVisible(line); }
-void DocumentWidget::setAutoRedraw(bool redraw) { heldBox()->AutoRedraw(redraw); }
+void DocumentWidget::ensureVisible(int line) {
+    call([&](QuorvaleBox& held) { held.EnsureVisible(line); });
+}
+void DocumentWidget::setAutoRedraw(bool redraw) {
+    call([&](QuorvaleBox& held) { held.AutoRedraw(redraw); });
+}
 
 void DocumentWidget::collapseLines(int fromRow, int toRow) {
-    heldBox()->CollapseLines(fromRow, toRow);
+    call([&](QuorvaleBox& held) { held.CollapseLines(fromRow, toRow); });
 }
 
-void DocumentWidget::collapseAll() { heldBox()->CollapseAll(); }
-void DocumentWidget::expandAll() { heldBox()->ExpandAll(); }
+void DocumentWidget::collapseAll() {
+    call([&](QuorvaleBox& held) { held.CollapseAll(); });
+}
+void DocumentWidget::expandAll() {
+    call([&](QuorvaleBox& held) { held.ExpandAll(); });
+}
 
 }  // namespace quorvale

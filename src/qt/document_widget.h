@@ -11,7 +11,8 @@ namespace quorvale {
 
 /// The members of the control that work on its document, as properties and slots. Lines and columns
 /// are counted from 1. A bad line number is no failure: getters answer an empty or the plain value,
-/// setters do nothing.
+/// setters do nothing. A slot throws nothing: where the control's member fails it has done what it
+/// could; who wants to hear of failures calls the member of `box()`.
 class DocumentWidget : public ControlWidget {
     Q_OBJECT
     Q_PROPERTY(
@@ -49,7 +50,8 @@ public:
     QVariant lineImage(int line) const;
     /// Top of the line's row in twips (15 are a pixel); negative when it is not on screen.
     double rowTop(int line) const;
-    /// Line (y) and column (x) of a 0-based offset; null when it lies past the end.
+    /// Line (y) and column (x) of a 0-based offset, the first of which counts as the second; null
+    /// outside the text.
     QPoint placeOfOffset(int offset) const;
 
 public slots:
@@ -82,10 +84,16 @@ public slots:
     void expandAll();
 
 signals:
+    /// Another document was put in place.
     void textChanged();
 
 protected:
     explicit DocumentWidget(QWidget* parent);
+
+private:
+    void noteDocument();
+
+    std::uint64_t documentNoted_ = 0;
 };
 
 }  // namespace quorvale

@@ -1,6 +1,7 @@
 #include "qt/focus_bridge.h"
 
 #include <QApplication>
+#include <QMenuBar>
 
 namespace quorvale {
 
@@ -32,6 +33,8 @@ bool FocusBridge::isOutside(const QWidget* now) const {
     if (now == nullptr) {
         return control_.isActiveWindow() && QApplication::activePopupWidget() == nullptr;
     }
+    // The keys may go to the menu bar for a while: that is a menu like any other.
+    if (qobject_cast<const QMenuBar*>(now) != nullptr) return false;
     return now->window() == control_.window() && !control_.isAncestorOf(now);
 }
 

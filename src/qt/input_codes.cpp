@@ -1,6 +1,7 @@
 #include "qt/input_codes.h"
 
 #include <array>
+#include <string_view>
 #include <utility>
 
 #include "platform/keys.h"
@@ -83,6 +84,31 @@ constexpr std::array padSigns{
     Pair{Qt::Key_Comma, std::int16_t{110}},    Pair{Qt::Key_Slash, std::int16_t{111}},
 };
 
+/// Keyboards that do not write Latin letters: the key at its place, as it is named where it does.
+/// The place is the number that X11 and Wayland give a key.
+std::int16_t codeAtPlace(quint32 place) {
+    struct Row {
+        quint32 First;
+        std::string_view Names;
+    };
+    constexpr std::array rows{Row{10, "1234567890"}, Row{24, "QWERTYUIOP"}, Row{38, "ASDFGHJKL"},
+                              Row{52, "ZXCVBNM"}};
+    for (const Row& row : rows) {
+        if (place >= row.First && place - row.First < row.Names.size()) {
+            return static_cast<std::int16_t>(row.Names[place - row.First]);
+        }
+    }
+    constexpr std::array others{
+        Pair{20, std::int16_t{189}}, Pair{21, std::int16_t{187}}, Pair{34, std::int16_t{219}},
+        Pair{35, std::int16_t{221}}, Pair{47, std::int16_t{186}}, Pair{48, std::int16_t{222}},
+        Pair{49, std::int16_t{192}}, Pair{51, std::int16_t{220}}, Pair{59, std::int16_t{188}},
+        Pair{60, std::int16_t{190}}, Pair{61, std::int16_t{191}}};
+    for (const Pair& other : others) {
+        if (static_cast<quint32>(other.first) == place) return other.second;
+    }
+    return 0;
+}
+
 template <std::size_t size>
 std::int16_t find(const std::array<Pair, size>& table, int key) {
     for (const Pair& pair : table) {
@@ -107,7 +133,10 @@ std::int16_t keyCodeOf(const QKeyEvent& event) {
     if (key >= Qt::Key_0 && key <= Qt::Key_9) return offsetFrom(key, Qt::Key_0, 48);
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return offsetFrom(key, Qt::Key_F2, key_code::F2);
     if (const std::int16_t code = find(keys, key)) return code;
-    return find(signs, key);
+    if (const std::int16_t code = find(signs, key)) return code;
+    // A letter of another script, or a sign that no table knows.
+    const bool writes = key != Qt::Key_unknown && key < Qt::Key_Escape;
+    return writes ? codeAtPlace(event.nativeScanCode()) : std::int16_t{0};
 }
 
 std::int16_t shiftMaskOf(Qt::KeyboardModifiers modifiers) {

@@ -3,9 +3,12 @@
 #include <QPointer>
 #include <utility>
 
+#include "control/host_extras.h"
 #include "qt/conversions.h"
 #include "qt/menu_popup.h"
 #include "qt/qt_picture.h"
+#include "resources/spoken_words.h"
+#include "resources/text_ids.h"
 
 namespace quorvale {
 
@@ -16,12 +19,14 @@ LiveSurface::LiveSurface(ControlLinkPtr link, std::shared_ptr<FontFaces> faces, 
       vertical_(new BarMirror(Qt::Vertical, &Surface::scrVert, link_, *rows_, &control)),
       horizontal_(new BarMirror(Qt::Horizontal, &Surface::scrHorz, link_, *rows_, &control)),
       more_(new QToolButton(&control)),
-      editor_(new LineEditor(link_, &control)),
-      focus_(link_, control) {
+      editor_(new EditorMirror(link_, &control)),
+      focus_(link_, control),
+      announcer_(*rows_) {
     rows_->setObjectName("rows");
     vertical_->setObjectName("scrVert");
     horizontal_->setObjectName("scrHorz");
     makeMoreButton(control);
+    nameParts();
     connect(&blinking_, &QTimer::timeout, this,
             [this] { link_->run([](Surface& surface) { surface.tmrImage.Tick(); }); });
     wireElements(control);
@@ -35,6 +40,13 @@ void LiveSurface::makeMoreButton(QWidget& control) {
     more_->setAutoRaise(true);
     connect(more_, &QToolButton::clicked, &control,
             [link = link_] { link->run([](Surface& surface) { surface.cmdMore.UserClick(); }); });
+}
+
+// For those who do not see what the parts are.
+void LiveSurface::nameParts() {
+    const Language language = link_->box()->Extras().Language();
+    rows_->setAccessibleName(toQString(LoadSpoken(SpokenWord::Rows, language)));
+    editor_->setAccessibleName(toQString(LoadText(text_id::Edit, language)));
 }
 
 void LiveSurface::wireElements(QWidget& control) {
@@ -132,6 +144,10 @@ void LiveSurface::showChanges() {
     if (changes & Marker) showMarker(surface);
     // The editor lies over the rows and ends above the bar.
     if (changes & (Editor | Frame)) editor_->mirror(surface, inner_.topLeft());
+    const QPointer<LiveSurface> alive(this);
+    emit changesShown();
+    // Whoever listens may destroy the control.
+    if (alive != nullptr) announcer_.tell();
 }
 
 void LiveSurface::showFrame(const Surface& surface) {
@@ -139,13 +155,19 @@ void LiveSurface::showFrame(const Surface& surface) {
     vertical_->mirror(surface, origin);
     horizontal_->mirror(surface, origin);
     tools_->mirror(surface, origin);
-    more_->setGeometry(pixelRect(surface.cmdMore).toRect().translated(origin));
-    more_->setVisible(surface.cmdMore.Visible());
-    if (moreShown_ != surface.cmdMore.Shown()) {
-        moreShown_ = surface.cmdMore.Shown();
-        more_->setIcon(toIcon(moreShown_));
-    }
+    showMoreButton(surface);
     showRowsArea(surface);
+}
+
+void LiveSurface::showMoreButton(const Surface& surface) {
+    more_->setGeometry(pixelRect(surface.cmdMore).toRect().translated(inner_.topLeft()));
+    more_->setVisible(surface.cmdMore.Visible());
+    if (moreShown_ == surface.cmdMore.Shown()) return;
+    moreShown_ = surface.cmdMore.Shown();
+    more_->setIcon(toIcon(moreShown_));
+    const SpokenWord does =
+        surface.tbMore.Visible() ? SpokenWord::HideToolbar : SpokenWord::ShowToolbar;
+    more_->setAccessibleName(toQString(LoadSpoken(does, link_->box()->Extras().Language())));
 }
 
 void LiveSurface::showRowsArea(const Surface& surface) {

@@ -9,8 +9,9 @@
 #include "platform/element.h"
 #include "qt/bar_mirror.h"
 #include "qt/control_link.h"
+#include "qt/editor_mirror.h"
 #include "qt/focus_bridge.h"
-#include "qt/line_editor.h"
+#include "qt/row_announcer.h"
 #include "qt/rows_area.h"
 #include "qt/tool_strip.h"
 
@@ -38,7 +39,11 @@ public:
     BarMirror& verticalBar() { return *vertical_; }
     BarMirror& horizontalBar() { return *horizontal_; }
     QToolButton& moreButton() { return *more_; }
-    LineEditor& editor() { return *editor_; }
+    EditorMirror& editor() { return *editor_; }
+    const RowAnnouncer& announcer() const { return announcer_; }
+
+signals:
+    void changesShown();
 
 private:
     /// What is to be shown again.
@@ -49,6 +54,8 @@ private:
     void takeInnerSize();
     QRect innerRect() const;
     void makeMoreButton(QWidget& control);
+    void nameParts();
+    void showMoreButton(const Surface& surface);
     bool moveFocus(FocusChild child);
     void wireElements(QWidget& control);
     void wireMenu(Menu Surface::*menu, QWidget& control);
@@ -63,8 +70,9 @@ private:
     BarMirror* vertical_;
     BarMirror* horizontal_;
     QToolButton* more_;
-    LineEditor* editor_;
+    EditorMirror* editor_;
     FocusBridge focus_;
+    RowAnnouncer announcer_;
     QTimer blinking_;
     QRect outer_;
     /// What the frame leaves of it.

@@ -27,6 +27,7 @@ void toElement(const Surface& surface, const Hit& hit, Twips& x, Twips& y) {
             shift(surface.picExpand);
             if (surface.imgExpand.Has(hit.Slot)) shift(surface.imgExpand[hit.Slot]);
             break;
+        case HitPart::EditMark:
         case HitPart::Nothing:
             break;
     }
@@ -73,10 +74,12 @@ void MouseRouting::doubleClick(const QMouseEvent& event, Twips x, Twips y) {
     const std::int16_t button = buttonOf(event.button());
     if (button == 0) return;
     if (buttonMaskOf(event.buttons()) == button) capture_.Held = false;
-    const bool opensRow = link_->box() != nullptr && !capture_.Held && [&] {
-        const HitPart part = hitAt(link_->box()->Elements(), x, y).Part;
-        return part == HitPart::Row || part == HitPart::Marker;
-    }();
+    // Of the other buttons the second press is a press like the first.
+    const bool opensRow =
+        button == mouse_button::Left && link_->box() != nullptr && !capture_.Held && [&] {
+            const HitPart part = hitAt(link_->box()->Elements(), x, y).Part;
+            return part == HitPart::Row || part == HitPart::Marker;
+        }();
     if (!opensRow) {
         press(event, x, y);
         return;
@@ -109,6 +112,7 @@ void MouseRouting::release(const QMouseEvent& event, Twips x, Twips y) {
         if (hit.Part == HitPart::Row) call(surface.OnRowMouseUp, hit.Slot, mouse);
         if (hit.Part == HitPart::LineImage && clicked) call(surface.OnLineImageClick, hit.Slot);
         if (hit.Part == HitPart::Glyph && clicked) call(surface.OnGlyphClick, hit.Slot);
+        if (hit.Part == HitPart::EditMark && clicked) call(surface.OnEditMarkClick, hit.Slot);
     });
 }
 

@@ -52,10 +52,10 @@ void QuorvaleBoxWidget::followControlsFont() {
 void QuorvaleBoxWidget::changeEvent(QEvent* event) {
     DocumentWidget::changeEvent(event);
     if (event->type() != QEvent::FontChange) return;
-    const std::shared_ptr<QuorvaleBox> shown = heldBox();
-    if (shown == nullptr) return;
     const Font wanted = fromQFont(font());
-    if (!sameFace(wanted, shown->Font())) shown->Font(wanted);
+    call([&](QuorvaleBox& held) {
+        if (!sameFace(wanted, held.Font())) held.Font(wanted);
+    });
 }
 
 QColor QuorvaleBoxWidget::backColor() const { return resolvedColour(box().BackColor(), palette()); }
@@ -86,40 +86,50 @@ bool QuorvaleBoxWidget::addButton(const QString& name, const QIcon& icon, const 
 }
 
 void QuorvaleBoxWidget::setBackColor(const QColor& colour) {
-    heldBox()->BackColor(toColour(colour));
+    call([&](QuorvaleBox& held) { held.BackColor(toColour(colour)); });
 }
 
 void QuorvaleBoxWidget::setForeColor(const QColor& colour) {
-    heldBox()->ForeColor(toColour(colour));
+    call([&](QuorvaleBox& held) { held.ForeColor(toColour(colour)); });
 }
 
 void QuorvaleBoxWidget::setBorderColor(const QColor& colour) {
-    heldBox()->BorderColor(toColour(colour));
+    call([&](QuorvaleBox& held) { held.BorderColor(toColour(colour)); });
 }
 
 void QuorvaleBoxWidget::setLeftBorderWidth(double twips) {
     auto width = static_cast<float>(twips);
-    heldBox()->LeftBorderWidth(width);
+    call([&](QuorvaleBox& held) { held.LeftBorderWidth(width); });
 }
 
 void QuorvaleBoxWidget::setBorderStyle(BorderStyle style) {
-    heldBox()->BorderStyle(static_cast<std::int16_t>(style));
+    call([&](QuorvaleBox& held) { held.BorderStyle(static_cast<std::int16_t>(style)); });
 }
 
-void QuorvaleBoxWidget::setShowGrid(bool show) { heldBox()->ShowGrid(show); }
-void QuorvaleBoxWidget::setEnabledFlag(bool enabled) { heldBox()->Enabled(enabled); }
+void QuorvaleBoxWidget::setShowGrid(bool show) {
+    call([&](QuorvaleBox& held) { held.ShowGrid(show); });
+}
+void QuorvaleBoxWidget::setEnabledFlag(bool enabled) {
+    call([&](QuorvaleBox& held) { held.Enabled(enabled); });
+}
 
 void QuorvaleBoxWidget::setIcon(const QIcon& icon) {
     const Image& marker = box().Elements().imgMarker;
     const QSizeF size(toPixels(marker.Width()), toPixels(marker.Height()));
     PicturePtr picture;
     if (!icon.isNull()) picture = std::make_shared<QtPicture>("Icon", icon, size.toSize());
-    heldBox()->Icon(picture);
+    call([&](QuorvaleBox& held) { held.Icon(picture); });
 }
 
-void QuorvaleBoxWidget::resetBackColor() { heldBox()->BackColor(groundOfNewOnes); }
-void QuorvaleBoxWidget::resetForeColor() { heldBox()->ForeColor(textOfNewOnes); }
-void QuorvaleBoxWidget::resetBorderColor() { heldBox()->BorderColor(groundOfNewOnes); }
+void QuorvaleBoxWidget::resetBackColor() {
+    call([&](QuorvaleBox& held) { held.BackColor(groundOfNewOnes); });
+}
+void QuorvaleBoxWidget::resetForeColor() {
+    call([&](QuorvaleBox& held) { held.ForeColor(textOfNewOnes); });
+}
+void QuorvaleBoxWidget::resetBorderColor() {
+    call([&](QuorvaleBox& held) { held.BorderColor(groundOfNewOnes); });
+}
 
 void QuorvaleBoxWidget::resetLeftBorderWidth() {
     setLeftBorderWidth(static_cast<double>(widthOfNewOnes));

@@ -14,14 +14,11 @@ namespace {
 
 constexpr int keyC = 67;
 
-/// How much text the lines are, breaks included.
-qint64 charactersOf(QuorvaleBox& box, const HostExtras::LineRange& lines) {
-    qint64 characters = 0;
-    for (int line = lines.First; line <= lines.Last; ++line) {
-        characters += static_cast<qint64>(box.Extras().RawLineText(line).size()) + 1;
-        if (characters > RowCopying::MostCharacters) break;
-    }
-    return characters;
+/// How much text will be copied at most.
+qint64 charactersOf(const HostExtras& document, const HostExtras::LineRange& lines, bool numbered) {
+    constexpr qint64 mostOfANumber = 11;
+    const qint64 numbers = numbered ? (lines.Last - lines.First + 1) * mostOfANumber : 0;
+    return document.RawTextLength(lines.First, lines.Last) + numbers;
 }
 
 }  // namespace
@@ -53,7 +50,7 @@ void RowCopying::put(bool numbered) {
     QuorvaleBox& box = widget_.box();
     const HostExtras::LineRange lines = box.Extras().SelectedLines();
     if (lines.First == 0) return;
-    if (charactersOf(box, lines) > MostCharacters) {
+    if (charactersOf(box.Extras(), lines, numbered) > MostCharacters) {
         emit tooMuch();
         return;
     }

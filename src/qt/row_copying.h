@@ -9,7 +9,8 @@ class HostExtras;
 class QuorvaleBoxWidget;
 
 /// Lets the user copy rows of a control: Ctrl+C takes the selected rows, or the caret's, as they
-/// stand in the file, Ctrl+Shift+C puts each line's number and a tab before it. The control itself
+/// stand in the file, their line breaks included; Ctrl+Shift+C lists them, each line's number and a
+/// tab before it and a line feed behind it. The control itself
 /// leaves these keys to its host: they are answered after `keyDown` has told every other listener
 /// that was connected before. Make one to switch it on; it belongs to the widget.
 class RowCopying final : public QObject {
@@ -37,7 +38,7 @@ private:
     QuorvaleBoxWidget& widget_;
 };
 
-/// The lines as they stand in the file, each after its number and a tab.
+/// The lines as they stand in the file, each after its number and a tab, parted by line feeds.
 QString numberedLines(const HostExtras& document, int first, int last);
 
 }  // namespace quorvale

@@ -23,6 +23,9 @@ Hit hitInColumn(const Surface& surface, int slot, Twips x, Twips y) {
             return {HitPart::Glyph, near};
         }
     }
+    if (surface.imgEdit.Has(slot) && contains(surface.imgEdit[slot], x, y)) {
+        return {HitPart::EditMark, slot};
+    }
     return {};
 }
 

@@ -5,7 +5,7 @@
 namespace quorvale {
 
 /// What takes the mouse at a place.
-enum class HitPart { Nothing, Row, Marker, LineImage, Glyph };
+enum class HitPart { Nothing, Row, Marker, LineImage, Glyph, EditMark };
 
 struct Hit {
     HitPart Part = HitPart::Nothing;

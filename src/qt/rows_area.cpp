@@ -2,10 +2,12 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <algorithm>
 
 #include "platform/keys.h"
 #include "qt/conversions.h"
+#include "qt/correction_tip.h"
 #include "qt/input_codes.h"
 
 namespace quorvale {
@@ -104,6 +106,26 @@ void RowsArea::keyReleaseEvent(QKeyEvent* event) {
     link_->run([&](Surface& surface) {
         if (surface.OnKeyUp) surface.OnKeyUp(code, shift);
     });
+}
+
+bool RowsArea::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || link_->box() == nullptr) return QWidget::event(event);
+    showTip(static_cast<const QHelpEvent&>(*event));
+    return true;
+}
+
+// What will replace a corrected row is shown while the mouse rests on it.
+void RowsArea::showTip(const QHelpEvent& event) {
+    QuorvaleBox& box = *link_->box();
+    const QPointF place = event.pos() + onControl();
+    const int slot = slotAt(box.Elements(), toTwips(place.y()));
+    if (slot < 0) return QToolTip::hideText();
+    const int line = toQString(box.Elements().lblLine[slot].Tag()).toInt();
+    const auto correction = box.Corrections().Of(line);
+    if (!correction) return QToolTip::hideText();
+    const QRectF row = pixelRect(box.Elements().lblLine[slot]);
+    const QRect rowHere(0, qRound(row.top()) - onControl().y(), width(), qRound(row.height()));
+    QToolTip::showText(event.globalPos(), correctionTip(*correction), this, rowHere);
 }
 
 void RowsArea::changeEvent(QEvent* event) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHelpEvent>
 #include <QWidget>
 #include <memory>
 
@@ -23,6 +24,9 @@ public:
     /// it, what it shows stays in place.
     void setControlOrigin(QPoint origin) { controlOrigin_ = origin; }
 
+    /// Where this area's corner lies on the control.
+    QPoint onControl() const { return pos() - controlOrigin_; }
+
     /// Asks for a place of the control to be painted again.
     void updatePlace(const QRectF& place);
 
@@ -31,6 +35,11 @@ public:
 
     /// What painting the captions cost so far.
     const CaptionPainter& captions() const { return painter_.captions(); }
+
+    /// For those who tell of the rows in other ways than by painting them.
+    const ControlLinkPtr& link() const { return link_; }
+    FontFaces& faces() const { return *faces_; }
+    /// The area's upper left corner on the control.
 
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
@@ -44,12 +53,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     using Route = void (MouseRouting::*)(const QMouseEvent&, Twips, Twips);
 
     void forward(QMouseEvent* event, Route route);
-    QPoint onControl() const { return pos() - controlOrigin_; }
+    void showTip(const QHelpEvent& event);
 
     ControlLinkPtr link_;
     std::shared_ptr<FontFaces> faces_;

@@ -3,9 +3,9 @@
 #include <QFontMetricsF>
 #include <QKeyEvent>
 
+#include "qt/box_keys.h"
 #include "qt/conversions.h"
 #include "qt/font_faces.h"
-#include "qt/input_codes.h"
 
 namespace quorvale {
 
@@ -78,30 +78,15 @@ void TextBoxMirror::takeSelection() {
 }
 
 void TextBoxMirror::keyPressEvent(QKeyEvent* event) {
-    std::int16_t code = keyCodeOf(*event);
-    const bool known = code != 0;
-    const std::int16_t shift = shiftMaskOf(event->modifiers());
-    const bool there = link_->run([&](Surface& surface) {
-        if (known && surface.OnKeyDown) surface.OnKeyDown(code, shift);
-        if (known) code = (surface.*element_).UserKey(code, shift);
-    });
-    if (!there || (known && code == 0)) {
+    if (mayType(link_, element_, *event)) {
+        QLineEdit::keyPressEvent(event);
+    } else {
         event->accept();
-        return;
     }
-    QLineEdit::keyPressEvent(event);
 }
 
 void TextBoxMirror::keyReleaseEvent(QKeyEvent* event) {
-    const std::int16_t code = keyCodeOf(*event);
-    if (code != 0 && !event->isAutoRepeat()) {
-        const std::int16_t shift = shiftMaskOf(event->modifiers());
-        const bool there = link_->run([&](Surface& surface) {
-            if (surface.OnKeyUp) surface.OnKeyUp(code, shift);
-        });
-        if (!there) return;
-    }
-    QLineEdit::keyReleaseEvent(event);
+    if (mayRelease(link_, *event)) QLineEdit::keyReleaseEvent(event);
 }
 
 }  // namespace quorvale

@@ -18,6 +18,15 @@ constexpr int separatorWidth = 9;
 constexpr int pictureSize = 16;
 constexpr int boxMargin = 1;
 
+/// What a button is called where its picture is not seen: a host's button may have no tip.
+QString nameOf(const ToolbarButton& button) {
+    return toQString(button.ToolTip.empty() ? button.Tag : button.ToolTip);
+}
+
+void setName(QWidget& widget, const QString& name) {
+    if (widget.accessibleName() != name) widget.setAccessibleName(name);
+}
+
 PicturePtr pictureOf(const Surface& surface, const ToolbarButton& button) {
     if (button.Shown != nullptr || button.PictureKey.empty()) return button.Shown;
     try {
@@ -45,8 +54,16 @@ void ToolStrip::mirror(const Surface& surface, QPoint controlOrigin) {
     while (entries_.size() < buttons.size()) {
         entries_.push_back(makeEntry(buttons[entries_.size()], entries_.size()));
     }
+    QString name;
     for (std::size_t i = 0; i < entries_.size(); ++i) {
-        if (entries_[i].Button != nullptr) showButton(*entries_[i].Button, surface, buttons[i]);
+        const Entry& entry = entries_[i];
+        if (entry.Button != nullptr) {
+            showButton(*entry.Button, surface, buttons[i]);
+            name = entry.Button->accessibleName();
+        } else if (entry.Held != nullptr) {
+            // A box belongs to the button before it.
+            setName(*entry.Held, name);
+        }
     }
     setGeometry(pixelRect(surface.tbMore).toRect().translated(controlOrigin));
     placeEntries();
@@ -111,7 +128,7 @@ void ToolStrip::showButton(QToolButton& button, const Surface& surface,
     }
     button.setEnabled(shown.Enabled && surface.tbMore.Enabled());
     button.setToolTip(toQString(shown.ToolTip));
-    button.setAccessibleName(toQString(shown.ToolTip));
+    setName(button, nameOf(shown));
     if (button.isCheckable() && button.isChecked() != shown.Pressed) {
         button.setChecked(shown.Pressed);
     }

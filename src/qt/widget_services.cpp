@@ -7,6 +7,7 @@
 
 #include "adapters/huge_pages.h"
 #include "adapters/posix_files.h"
+#include "adapters/pugi_xml.h"
 #include "qt/conversions.h"
 #include "qt/qt_text_metrics.h"
 
@@ -45,13 +46,15 @@ public:
     MessageAnswer Show(std::u16string_view text, MessageStyle style) override {
         const bool mayCancel = style == MessageStyle::ExclamationOkCancel;
         QWidget* window = control_ == nullptr ? nullptr : control_->window();
-        QMessageBox box(
+        // It goes with its window if that is destroyed while the user reads.
+        const QPointer<QMessageBox> box = new QMessageBox(
             QMessageBox::Warning, window ? window->windowTitle() : QString(), toQString(text),
             mayCancel ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok, window);
-        box.setTextFormat(Qt::PlainText);
-        box.setDefaultButton(QMessageBox::Ok);
-        const bool cancelled = box.exec() != QMessageBox::Ok && mayCancel;
-        return cancelled ? MessageAnswer::Cancel : MessageAnswer::Ok;
+        box->setTextFormat(Qt::PlainText);
+        box->setDefaultButton(QMessageBox::Ok);
+        const int answer = box->exec();
+        delete box;
+        return answer == QMessageBox::Ok ? MessageAnswer::Ok : MessageAnswer::Cancel;
     }
 
 private:
@@ -74,6 +77,7 @@ HostServices widgetServices(QWidget& control, std::shared_ptr<FontFaces> faces,
     services.Files = std::make_shared<PosixFiles>();
     services.Memory = std::make_shared<HugePageMemory>();
     services.Site = std::make_shared<WidgetContainer>(control, std::move(report));
+    services.Xml = std::make_shared<PugiXml>();
     services.Messages = std::make_shared<WidgetMessages>(control);
     services.LanguageId = languageOfDesktop();
     return services;

@@ -4,7 +4,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <QToolTip>
 
+#include "control/host_corrections.h"
 #include "qt/conversions.h"
 #include "viewer/viewer_window.h"
 
@@ -46,6 +48,8 @@ QJsonObject rowOf(const Surface& elements, int slot) {
     row["text"] = toQString(label.Caption());
     row["bold"] = label.Bold();
     row["highlighted"] = label.BackColor() == system_colour::Highlight;
+    row["corrected"] = elements.imgEdit[slot].Visible();
+    row["markAt"] = centreOf(elements.imgEdit[slot], &elements.picExpand);
     row["top"] = qRound(toPixels(label.Top()));
     row["left"] = qRound(toPixels(label.Left()));
     if (glyph.Visible() && glyph.Shown() != nullptr) {
@@ -68,7 +72,8 @@ QJsonArray rowsOf(const Surface& elements) {
 
 }  // namespace
 
-QByteArray dumpElements(QuorvaleBoxWidget& control) {
+QByteArray dumpElements(ViewerWindow& window) {
+    QuorvaleBoxWidget& control = window.control();
     QuorvaleBox& box = control.box();
     const Surface& elements = box.Elements();
     QJsonObject dump;
@@ -78,10 +83,14 @@ QByteArray dumpElements(QuorvaleBoxWidget& control) {
     dump["column"] = box.col();
     dump["selected"] = box.SelectedRowsCount();
     dump["focus"] = nameOf(elements.Focus.Active());
+    dump["pending"] = box.Corrections().Pending();
+    if (elements.rtbEdit.Visible()) dump["editor"] = toQString(elements.rtbEdit.Text());
     dump["rowHeight"] = qRound(toPixels(elements.lblLine[0].Height()));
     dump["height"] = qRound(toPixels(elements.UserControl.Height()));
     // How far the control lies below the top of the window.
     dump["above"] = control.mapTo(control.window(), QPoint()).y();
+    dump["status"] = window.statusText();
+    if (QToolTip::isVisible()) dump["tip"] = QToolTip::text();
     dump["rows"] = rowsOf(elements);
     return QJsonDocument(dump).toJson();
 }
@@ -94,7 +103,7 @@ ElementDump::ElementDump(ViewerWindow& window, QString fileName)
 }
 
 void ElementDump::write() {
-    const QByteArray dump = dumpElements(window_.control());
+    const QByteArray dump = dumpElements(window_);
     if (dump == written_) return;
     QSaveFile file(fileName_);
     if (!file.open(QIODevice::WriteOnly) || file.write(dump) != dump.size()) return;

@@ -37,6 +37,8 @@ public:
 
     void closeAll() { close(0); }
 
+    bool isFull() const { return Folds.size() >= mostFolds; }
+
     std::vector<FoldRange> Folds;
 
 private:
@@ -48,7 +50,9 @@ private:
     void close(std::int32_t indentation) {
         while (!blocks_.empty() && blocks_.back().Indentation >= indentation) {
             const std::int32_t head = blocks_.back().Head;
-            if (last_ > head && blocks_.size() <= deepestFold) Folds.push_back({head, last_});
+            if (last_ > head && blocks_.size() <= deepestFold && !isFull()) {
+                Folds.push_back({head, last_});
+            }
             blocks_.pop_back();
         }
     }
@@ -61,10 +65,11 @@ private:
 
 std::vector<FoldRange> foldsByIndentation(const LineReader& lines, std::int32_t count) {
     OpenBlocks open;
-    for (std::int32_t line = 1; line <= count && open.Folds.size() < mostFolds; ++line) {
+    for (std::int32_t line = 1; line <= count && !open.isFull(); ++line) {
         if (const auto indentation = indentationOf(lines(line))) open.enter(line, *indentation);
     }
-    open.closeAll();
+    // Where the walk stopped early nobody knows how far the blocks around that place reach.
+    if (!open.isFull()) open.closeAll();
     return std::move(open.Folds);
 }
 

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QPalette>
 
+#include "base/errors.h"
 #include "control/host_extras.h"
 #include "qt/quorvale_box_widget.h"
 #include "viewer/busy_cursor.h"
@@ -17,7 +18,13 @@ namespace {
 class BusyView {
 public:
     explicit BusyView(QuorvaleBox& box) : box_(box) { box_.AutoRedraw(false); }
-    ~BusyView() { box_.AutoRedraw(true); }
+    ~BusyView() {
+        try {
+            box_.AutoRedraw(true);
+        } catch (const ControlError&) {
+            // What cannot be drawn now is drawn with the next step.
+        }
+    }
     BusyView(const BusyView&) = delete;
     BusyView& operator=(const BusyView&) = delete;
 
@@ -25,6 +32,9 @@ private:
     BusyCursor cursor_;
     QuorvaleBox& box_;
 };
+
+/// Characters of a line that say where it folds and what it is.
+constexpr std::int32_t mostLookedAt = 4096;
 
 constexpr Colour rgb(int red, int green, int blue) {
     return static_cast<Colour>(red | green << 8 | blue << 16);
@@ -62,8 +72,9 @@ QAction* ViewMenu::addToggle(QMenu& menu, const QString& text) {
     return action;
 }
 
-void ViewMenu::applyTo(QuorvaleBoxWidget& control) {
-    control_ = &control;
+void ViewMenu::setControl(QuorvaleBoxWidget& control) { control_ = &control; }
+
+void ViewMenu::applyToDocument() {
     if (folds_.checkedAction() != nullptr) fold();
     recolour();
 }
@@ -82,7 +93,9 @@ void ViewMenu::fold() {
 
 void ViewMenu::addFolds(FoldFinder find) {
     QuorvaleBox& box = control_->box();
-    const auto lines = [&box](std::int32_t line) { return box.Extras().RawLineText(line); };
+    const auto lines = [&box](std::int32_t line) {
+        return box.Extras().RawLineStart(line, mostLookedAt);
+    };
     const std::vector<FoldRange> folds = find(lines, box.LineCount());
     for (const FoldRange& range : folds) box.CollapseLines(range.First, range.Last);
     const QString count = QLocale().toString(static_cast<qlonglong>(folds.size()));
@@ -98,7 +111,8 @@ void ViewMenu::colour() {
     const Colour plain = box.ForeColor();
     const bool on = bySeverity_->isChecked();
     for (std::int32_t line = 1; line <= box.LineCount(); ++line) {
-        const Severity severity = on ? severityOf(box.Extras().RawLineText(line)) : Severity::Plain;
+        const Severity severity =
+            on ? severityOf(box.Extras().RawLineStart(line, mostLookedAt)) : Severity::Plain;
         const Colour wanted = severity == Severity::Error     ? colours.Error
                               : severity == Severity::Warning ? colours.Warning
                                                               : plain;

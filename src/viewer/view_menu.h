@@ -19,9 +19,11 @@ class ViewMenu final : public QObject {
 public:
     explicit ViewMenu(QMenu& menu);
 
-    /// What is switched on is done to the document that this control shows, and what the user
-    /// switches from now on too.
-    void applyTo(QuorvaleBoxWidget& control);
+    /// From now on the menu works on the document that this control shows.
+    void setControl(QuorvaleBoxWidget& control);
+
+    /// A document was put in place: what is switched on is done to it.
+    void applyToDocument();
 
     /// The desktop's colours changed: text must stay readable.
     void recolour();

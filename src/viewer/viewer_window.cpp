@@ -1,5 +1,6 @@
 #include "viewer/viewer_window.h"
 
+#include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -11,12 +12,15 @@
 #include <QMimeData>
 #include <QStatusBar>
 
+#include "control/host_corrections.h"
 #include "control/host_extras.h"
 #include "qt/font_faces.h"
 #include "qt/qt_picture.h"
 #include "qt/row_copying.h"
 #include "resources/pictures.h"
 #include "viewer/busy_cursor.h"
+#include "viewer/document_guard.h"
+#include "viewer/edit_menu.h"
 #include "viewer/open_check.h"
 #include "viewer/view_menu.h"
 
@@ -29,6 +33,8 @@ constexpr Colour documentText = 0x80000008;
 constexpr QSize startSize(1000, 700);
 /// How long a message stands in the status bar, in milliseconds.
 constexpr int briefly = 5000;
+/// How often the number of corrections is looked at, in milliseconds.
+constexpr int lookEvery = 100;
 
 QString inWords(Encoding encoding) {
     switch (encoding) {
@@ -63,6 +69,9 @@ ViewerWindow::ViewerWindow() {
     setWindowTitle("QuorvaleBox");
     setWindowIcon(viewerIcon());
     resize(startSize);
+    pendingTimer_.setInterval(lookEvery);
+    connect(&pendingTimer_, &QTimer::timeout, this, &ViewerWindow::showPending);
+    pendingTimer_.start();
 }
 
 // Every document gets a control of its own: the old one closes its journal under its own name. It
@@ -78,9 +87,12 @@ void ViewerWindow::renewControl() {
     });
     connect(copying_, &RowCopying::tooMuch, this,
             [this] { tellBriefly(tr("Too much text to copy: select fewer rows")); });
+    guard_ = new DocumentGuard(*control_);
+    connect(guard_, &DocumentGuard::reloadWanted, this, &ViewerWindow::reload);
     setCentralWidget(control_);
     control_->setFocus();
-    view_->applyTo(*control_);
+    edit_->applyTo(*control_, *copying_);
+    view_->setControl(*control_);
 }
 
 void ViewerWindow::setUp(QuorvaleBoxWidget& control) {
@@ -88,6 +100,8 @@ void ViewerWindow::setUp(QuorvaleBoxWidget& control) {
     options.WideScrollBars = true;
     options.TallView = true;
     options.Encoding = Encoding::Automatic;
+    options.OfferEditing = true;
+    options.KeepLineFormat = true;
     control.setOptions(options);
     control.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     QuorvaleBox& box = control.box();
@@ -103,18 +117,9 @@ void ViewerWindow::setUp(QuorvaleBoxWidget& control) {
 
 void ViewerWindow::makeMenus() {
     makeFileMenu();
-    makeEditMenu();
+    edit_ = new EditMenu(*menuBar()->addMenu(tr("&Edit")));
     view_ = new ViewMenu(*menuBar()->addMenu(tr("&View")));
     connect(view_, &ViewMenu::told, this, &ViewerWindow::tellBriefly);
-}
-
-// The keys are the control's to hand on, and the search box has its own use for them: the menu only
-// names them.
-void ViewerWindow::makeEditMenu() {
-    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
-    edit->addAction(tr("&Copy rows") + "\tCtrl+C", this, [this] { copying_->copyRows(); });
-    edit->addAction(tr("Copy rows with line &numbers") + "\tCtrl+Shift+C", this,
-                    [this] { copying_->copyNumberedRows(); });
 }
 
 void ViewerWindow::makeFileMenu() {
@@ -127,7 +132,7 @@ void ViewerWindow::makeFileMenu() {
 }
 
 void ViewerWindow::makeStatusBar() {
-    for (QLabel** label : {&lines_, &size_, &encoding_}) {
+    for (QLabel** label : {&pending_, &lines_, &size_, &encoding_}) {
         *label = new QLabel(this);
         statusBar()->addPermanentWidget(*label);
     }
@@ -137,6 +142,7 @@ QString ViewerWindow::openFile(const QString& fileName) {
     const QString reason = whyNotOpenable(fileName);
     if (!reason.isEmpty()) return reason;
     const QFileInfo file(fileName);
+    if (!guard_->mayClose()) return {};
     const BusyCursor busy;
     renewControl();
     control_->loadFile(file.absoluteFilePath());
@@ -150,7 +156,7 @@ QString ViewerWindow::openFile(const QString& fileName) {
     fileName_ = file.absoluteFilePath();
     setWindowTitle(tr("%1 \u2014 QuorvaleBox").arg(file.fileName()));
     showStatus(file.size());
-    view_->applyTo(*control_);
+    view_->applyToDocument();
     return {};
 }
 
@@ -181,8 +187,36 @@ void ViewerWindow::showStatus(qint64 bytes) {
     encoding_->setText(shown ? inWords(control_->box().Extras().FileEncoding()) : QString());
 }
 
+// Corrections come and go with keys, menus and marks: looking now and then is enough.
+void ViewerWindow::showPending() {
+    const HostCorrections& corrections = control_->box().Corrections();
+    if (corrections.Changes() == changesShown_) return;
+    changesShown_ = corrections.Changes();
+    const int pending = corrections.Pending();
+    pending_->setText(pending == 0 ? QString()
+                      : pending == 1
+                          ? tr("1 correction not committed")
+                          : tr("%1 corrections not committed").arg(QLocale().toString(pending)));
+}
+
+void ViewerWindow::reload() {
+    const int row = control_->box().row();
+    const QString failure = openFile(fileName_);
+    if (failure.isEmpty()) {
+        goToLine(row);
+    } else {
+        tell(failure);
+    }
+}
+
+void ViewerWindow::closeEvent(QCloseEvent* event) { event->setAccepted(guard_->mayClose()); }
+
 QString ViewerWindow::statusText() const {
-    return QStringList{lines_->text(), size_->text(), encoding_->text()}.join(", ");
+    QStringList parts;
+    for (const QLabel* label : {pending_, lines_, size_, encoding_}) {
+        if (!label->text().isEmpty()) parts << label->text();
+    }
+    return parts.join(", ");
 }
 
 void ViewerWindow::goToLine(int line) { control_->box().MoveTo(line, 1); }

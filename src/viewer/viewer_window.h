@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
+#include <cstdint>
 
 #include "qt/quorvale_box_widget.h"
 
@@ -9,6 +11,8 @@ class QMenu;
 
 namespace quorvale {
 
+class DocumentGuard;
+class EditMenu;
 class RowCopying;
 class ViewMenu;
 
@@ -40,22 +44,29 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void renewControl();
     void setUp(QuorvaleBoxWidget& control);
     void makeMenus();
     void makeFileMenu();
-    void makeEditMenu();
     void makeStatusBar();
     void chooseFile();
     void showStatus(qint64 bytes);
+    void showPending();
+    void reload();
     void tell(const QString& message);
     void tellBriefly(const QString& message);
 
     QuorvaleBoxWidget* control_ = nullptr;
     RowCopying* copying_ = nullptr;
+    DocumentGuard* guard_ = nullptr;
+    EditMenu* edit_ = nullptr;
     ViewMenu* view_ = nullptr;
+    QLabel* pending_ = nullptr;
+    QTimer pendingTimer_;
+    std::uint64_t changesShown_ = 0;
     QLabel* lines_ = nullptr;
     QLabel* size_ = nullptr;
     QLabel* encoding_ = nullptr;

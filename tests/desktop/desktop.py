@@ -11,9 +11,9 @@ from pathlib import Path
 VIEWER = ""
 
 
-def wait_for(what, condition):
+def wait_for(what, condition, seconds=30):
     """The condition's first true answer; the test fails when there is none in time."""
-    give_up = time.monotonic() + 30
+    give_up = time.monotonic() + seconds
     while time.monotonic() < give_up:
         answer = condition()
         if answer:
@@ -30,9 +30,9 @@ def tool(*command):
 class ViewerCase(unittest.TestCase):
     """A test with a viewer of its own, and what the viewer says that it shows."""
 
-    def open(self, *arguments, title):
+    def open(self, *arguments, title, **variables):
         environment = {name: value for name, value in os.environ.items()
-                       if name != "QT_QPA_PLATFORM"}
+                       if name != "QT_QPA_PLATFORM"} | variables
         self.dump = Path("elements.json")
         self.dump.unlink(missing_ok=True)
         self.viewer = subprocess.Popen(
@@ -61,13 +61,13 @@ class ViewerCase(unittest.TestCase):
         except (FileNotFoundError, json.JSONDecodeError):
             return {}
 
-    def until(self, what, condition):
+    def until(self, what, condition, seconds=30):
         """Waits until what is shown answers the condition, and returns it."""
         def met():
             shown = self.shown()
             return shown if shown and condition(shown) else None
         try:
-            return wait_for(what, met)
+            return wait_for(what, met, seconds)
         except AssertionError as error:
             shown = self.shown()
             shown["rows"] = shown.get("rows", [])[:3]

@@ -1,5 +1,7 @@
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMenu>
+#include <QMenuBar>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -15,6 +17,8 @@ class KeyboardTest : public QObject {
 private slots:
     void keysHaveTheirNumbers_data();
     void keysHaveTheirNumbers();
+    void aKeyOfAnotherScriptIsNamedByItsPlace();
+    void theMenuBarIsNoLeaving();
     void aRepeatingKeyGoesDownOftenAndComesUpOnce();
     void ownKeysStayAndOthersGoOn();
     void theControlIsEnteredBeforeTheTextAndLeftAfterIt();
@@ -100,6 +104,39 @@ void KeyboardTest::keysHaveTheirNumbers() {
         QCoreApplication::sendEvent(&shown.rows(), &event);
     }
     QCOMPARE(log, (QStringList{QString("down %1 2").arg(code), QString("up %1 2").arg(code)}));
+}
+
+void KeyboardTest::aKeyOfAnotherScriptIsNamedByItsPlace() {
+    ShownBox shown;
+    shown.rows().setFocus();
+    QStringList heard;
+    connect(&shown.widget(), &QuorvaleBoxWidget::keyDown, &shown.widget(),
+            [&](int code, int shift) { heard << QString("%1 %2").arg(code).arg(shift); });
+    const auto press = [&](int key, quint32 place) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, place, 0, 0);
+        QCoreApplication::sendEvent(&shown.rows(), &event);
+    };
+    // A Cyrillic letter where Latin keyboards have S, a German one where American ones have '.
+    press(0x042B, 39);
+    press(0x00C4, 48);
+    press(Qt::Key_MediaPlay, 39);
+    QCOMPARE(heard, (QStringList{"83 0", "222 0"}));
+}
+
+void KeyboardTest::theMenuBarIsNoLeaving() {
+    QMainWindow window;
+    auto* control = new QuorvaleBoxWidget(&window);
+    window.setCentralWidget(control);
+    window.menuBar()->addMenu("File")->addAction("Open");
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    control->setFocus();
+    int exits = 0;
+    control->box().Elements().OnExit = [&] { ++exits; };
+    window.menuBar()->setFocus(Qt::MenuBarFocusReason);
+    QCOMPARE(exits, 0);
+    control->setFocus();
+    QCOMPARE(exits, 0);
 }
 
 void KeyboardTest::aRepeatingKeyGoesDownOftenAndComesUpOnce() {

@@ -20,6 +20,8 @@ private slots:
     void aMoveWithoutAButtonIsTold();
     void aDoubleClickIsPressReleaseDoubleReleaseInThisOrder();
     void aPressOnTheMarkerGoesToTheRowBelowItAfterwards();
+    void aTwitchOnTheMarkerSelectsNothing();
+    void aRightDoubleClickIsTwoPresses();
     void aHiddenMarkerLeavesTheMouseToTheRow();
     void aLineImageIsClickedWhenReleasedOverIt();
     void aGlyphIsClickedAndPressed();
@@ -132,6 +134,37 @@ void MouseTest::aPressOnTheMarkerGoesToTheRowBelowItAfterwards() {
     QTest::mousePress(&shown_->rows(), Qt::LeftButton, {}, inRow(4, 22));
     QTest::mouseRelease(&shown_->rows(), Qt::LeftButton, {}, inRow(4, 23));
     QCOMPARE(log_, (QStringList{"marker down -1 b1 s0 30,105", "up 4 b1 s0 345,105"}));
+}
+
+// Here the control's own handlers are at work.
+void MouseTest::aTwitchOnTheMarkerSelectsNothing() {
+    ShownBox shown;
+    shown.loadLines(100);
+    shown.box().MoveTo(6, 3);
+    shown.settle();
+    const QRectF marker = pixelRect(shown.elements().imgMarker);
+    const QPoint place =
+        marker.center().toPoint() + QPoint(0, -2) - shown.rows().geometry().topLeft();
+    const auto moveTo = [&](QPoint there) {
+        QMouseEvent move(QEvent::MouseMove, there, shown.rows().mapToGlobal(there), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&shown.rows(), &move);
+    };
+    QTest::mousePress(&shown.rows(), Qt::LeftButton, {}, place);
+    QCOMPARE(shown.box().row(), 6);
+    moveTo(place + QPoint(3, 0));
+    QCOMPARE(shown.box().SelectedRowsCount(), 0);
+    moveTo(place + QPoint(3, 40));
+    QVERIFY(shown.box().SelectedRowsCount() < -1);
+    QTest::mouseRelease(&shown.rows(), Qt::LeftButton, {}, place);
+}
+
+void MouseTest::aRightDoubleClickIsTwoPresses() {
+    const QPoint place = inRow(7, 20);
+    QTest::mouseClick(&shown_->rows(), Qt::RightButton, {}, place);
+    QTest::mouseDClick(&shown_->rows(), Qt::RightButton, {}, place);
+    const QString at = " b2 s0 300,105";
+    QCOMPARE(log_, (QStringList{"down 7" + at, "up 7" + at, "down 7" + at}));
 }
 
 void MouseTest::aHiddenMarkerLeavesTheMouseToTheRow() {

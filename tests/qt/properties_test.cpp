@@ -1,6 +1,7 @@
 #include <QMetaProperty>
 #include <QSignalSpy>
 #include <QTest>
+#include <limits>
 
 #include "shown_box.h"
 
@@ -23,6 +24,9 @@ private slots:
     void aFontSetThroughTheControlIsTheWidgetsToo();
     void aNewWidgetHasTheFontOfItsParent();
     void membersWorkAsPropertiesAndSlots();
+    void aSlotThrowsNothing();
+    void anOffsetOutsideTheTextMovesNothing();
+    void everyNewDocumentIsTold();
     void iconsOfLinesAreFoundByNameAndNumber();
     void aSlotMayDestroyTheWidgetInEveryNotice();
 };
@@ -178,6 +182,41 @@ void PropertiesTest::membersWorkAsPropertiesAndSlots() {
     QCOMPARE(shown.elements().imgMarker.Shown()->Name(), std::string("Icon"));
     widget.setIcon({});
     QVERIFY(shown.elements().imgMarker.Shown()->Name() != "Icon");
+}
+
+void PropertiesTest::aSlotThrowsNothing() {
+    ShownBox shown;
+    shown.widget().setText("one\ntwo\nthree");
+    shown.widget().collapseLines(1, 5000);
+    shown.widget().collapseAll();
+    shown.widget().setSelectedRowsCount(std::numeric_limits<int>::max());
+    shown.widget().setSelectedRowsCount(std::numeric_limits<int>::min());
+    QCOMPARE(shown.widget().lineCount(), 3);
+}
+
+void PropertiesTest::anOffsetOutsideTheTextMovesNothing() {
+    ShownBox shown;
+    shown.widget().setText("one\ntwo");
+    shown.widget().moveTo(1, 2);
+    QSignalSpy moved(&shown.widget(), &QuorvaleBoxWidget::selectionChanged);
+    QCOMPARE(shown.widget().placeOfOffset(5000), QPoint());
+    QCOMPARE(shown.widget().placeOfOffset(-1), QPoint());
+    QCOMPARE(shown.widget().placeOfOffset(5), QPoint(1, 2));
+    QCOMPARE(moved.count(), 0);
+    QCOMPARE(shown.widget().col(), 2);
+}
+
+void PropertiesTest::everyNewDocumentIsTold() {
+    ShownBox shown;
+    QSignalSpy told(&shown.widget(), &QuorvaleBoxWidget::textChanged);
+    shown.box().text(u"set by its member");
+    QCOMPARE(told.count(), 1);
+    shown.box().LoadFile(u"/nowhere");
+    shown.settle();
+    QCOMPARE(told.count(), 2);
+    shown.box().TopLine(2);
+    shown.settle();
+    QCOMPARE(told.count(), 2);
 }
 
 void PropertiesTest::iconsOfLinesAreFoundByNameAndNumber() {

@@ -30,6 +30,8 @@ private slots:
     void severityIsJudgedByWholeWords();
     void nothingFoldsUntilAskedFor();
     void foldingIsSwitchedOnAndOff();
+    void switchingLeavesViewCaretAndSelectionAlone();
+    void theRoomOfTheGlyphsIsGivenBack();
     void onlyOneWayOfFoldingAtATime();
     void theNextFileIsFoldedToo();
     void errorsAndWarningsAreColouredAndPlainAgain();
@@ -146,6 +148,14 @@ void ReadingAidsTest::noMoreFoldsThanAReaderCanUse() {
     };
     const auto count = static_cast<std::int32_t>(mostFolds) * 2 + 100;
     QCOMPARE(foldsByIndentation(pairs, count).size(), mostFolds);
+    // A block around them all, whose end is not reached, is not folded at a wrong place.
+    const auto inABlock = [&](std::int32_t line) {
+        return line == 1 ? std::u16string(u"{") : u" " + pairs(line);
+    };
+    const Folds within = foldsByIndentation(inABlock, count);
+    QCOMPARE(within.size(), mostFolds);
+    QVERIFY(std::all_of(within.begin(), within.end(),
+                        [](const FoldRange& fold) { return fold.First > 1; }));
     const auto triples = [](std::int32_t line) {
         return std::u16string(line % 3 == 0 ? u"" : u"a");
     };
@@ -203,6 +213,38 @@ void ReadingAidsTest::foldingIsSwitchedOnAndOff() {
     QVERIFY(!box.Elements().tbMore.Button(u"Collapsed").Enabled);
     box.CollapseAll();
     QCOMPARE(toQString(box.Elements().lblLine[1].Caption()), QString("  b"));
+}
+
+// The view used to jump to the caret, and a selection up to the end of a line was gone.
+void ReadingAidsTest::switchingLeavesViewCaretAndSelectionAlone() {
+    ViewerWindow window;
+    window.show();
+    QByteArray bytes;
+    for (int i = 0; i < 500; ++i) bytes += "a\n  b\n";
+    open(window, bytes);
+    QuorvaleBox& box = window.control().box();
+    box.MoveTo(2, 4);
+    box.SelectedRowsCount(2);
+    box.TopLine(300);
+    for (int times = 0; times < 2; ++times) {
+        action(window, "Fold by indentation")->trigger();
+        QCOMPARE(box.TopLine(), 300);
+        QCOMPARE(box.row(), 2);
+        QCOMPARE(box.col(), 4);
+        QCOMPARE(box.SelectedRowsCount(), 2);
+    }
+}
+
+void ReadingAidsTest::theRoomOfTheGlyphsIsGivenBack() {
+    ViewerWindow window;
+    window.show();
+    open(window, "a\n b\n  c\n   d\n    e\n");
+    const Label& row = window.control().box().Elements().lblLine[0];
+    const Twips before = row.Left();
+    action(window, "Fold by indentation")->trigger();
+    QVERIFY(row.Left() > before);
+    action(window, "Fold by indentation")->trigger();
+    QCOMPARE(row.Left(), before);
 }
 
 void ReadingAidsTest::onlyOneWayOfFoldingAtATime() {

@@ -25,6 +25,7 @@ private slots:
     void aControlWithoutItLeavesTheClipboardAlone();
     void otherKeysCopyNothing();
     void tooMuchTextIsRefused();
+    void theNumbersCountToo();
 
 private:
     QString clipboard() { return QGuiApplication::clipboard()->text(); }
@@ -138,6 +139,18 @@ void RowCopyingTest::tooMuchTextIsRefused() {
     shown.load(half + half);
     shown.box().SelectedRowsCount(2);
     copying.copyRows();
+    QCOMPARE(refused.count(), 1);
+    QCOMPARE(clipboard(), QString("before"));
+}
+
+void RowCopyingTest::theNumbersCountToo() {
+    ShownBox shown;
+    RowCopying copying(shown.widget());
+    QSignalSpy refused(&copying, &RowCopying::tooMuch);
+    // Few characters, but a number for each of very many lines.
+    shown.load(QByteArray(static_cast<int>(RowCopying::MostCharacters / 8), '\n'));
+    shown.box().SelectedRowsCount(shown.box().LineCount());
+    copying.copyNumberedRows();
     QCOMPARE(refused.count(), 1);
     QCOMPARE(clipboard(), QString("before"));
 }

@@ -1,4 +1,4 @@
-#include "qt/line_editor.h"
+#include "qt/editor_mirror.h"
 
 #include <QFontMetricsF>
 #include <QKeyEvent>
@@ -7,10 +7,10 @@
 #include <QtMath>
 #include <algorithm>
 
+#include "qt/box_keys.h"
 #include "qt/conversions.h"
 #include "qt/editor_text.h"
 #include "qt/font_faces.h"
-#include "qt/input_codes.h"
 #include "qt/system_colours.h"
 
 namespace quorvale {
@@ -22,7 +22,7 @@ constexpr int blanksPerTab = 8;
 
 }  // namespace
 
-LineEditor::LineEditor(ControlLinkPtr link, QWidget* parent)
+EditorMirror::EditorMirror(ControlLinkPtr link, QWidget* parent)
     : QPlainTextEdit(parent), link_(std::move(link)) {
     setObjectName("rtbEdit");
     setFrameStyle(QFrame::Box | QFrame::Plain);
@@ -32,10 +32,10 @@ LineEditor::LineEditor(ControlLinkPtr link, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     document()->setDocumentMargin(0);
     hide();
-    connect(this, &QPlainTextEdit::textChanged, this, &LineEditor::takeText);
+    connect(this, &QPlainTextEdit::textChanged, this, &EditorMirror::takeText);
 }
 
-void LineEditor::mirror(const Surface& surface, QPoint controlOrigin) {
+void EditorMirror::mirror(const Surface& surface, QPoint controlOrigin) {
     const TextBox& box = surface.rtbEdit;
     if (!box.Visible()) {
         hide();
@@ -52,7 +52,7 @@ void LineEditor::mirror(const Surface& surface, QPoint controlOrigin) {
     }
 }
 
-void LineEditor::showText(const TextBox& box) {
+void EditorMirror::showText(const TextBox& box) {
     if (textOf(*document()) == box.Text()) return;
     // What was there before is no step to go back to.
     document()->setUndoRedoEnabled(false);
@@ -65,13 +65,17 @@ void LineEditor::showText(const TextBox& box) {
     composing_ = false;
 }
 
-void LineEditor::showLook(const TextBox& box) {
+void EditorMirror::showLook(const TextBox& box) {
+    // A frame in the colour of what has the keys.
+    QPalette colours = palette();
+    colours.setColor(QPalette::WindowText, colours.color(QPalette::Highlight));
+    if (colours != palette()) setPalette(colours);
     const QFont wanted = toQFont(box.Font());
     if (font() != wanted) setFont(wanted);
     setTabStopDistance(QFontMetricsF(wanted).horizontalAdvance(QLatin1Char(' ')) * blanksPerTab);
 }
 
-void LineEditor::place(const Surface& surface, QPoint controlOrigin) {
+void EditorMirror::place(const Surface& surface, QPoint controlOrigin) {
     QRect area = pixelRect(surface.rtbEdit).toRect().translated(controlOrigin);
     const int rows = qCeil(toPixels(surface.RowHeight()) * blockCount()) + 2 * frame;
     const int lowest = surface.scrHorz.Visible()
@@ -81,25 +85,18 @@ void LineEditor::place(const Surface& surface, QPoint controlOrigin) {
     if (geometry() != area) setGeometry(area);
 }
 
-void LineEditor::takeText() {
+void EditorMirror::takeText() {
     if (showing_) return;
     link_->run([&](Surface& surface) { surface.rtbEdit.SetText(textOf(*document())); });
 }
 
 // Text that is typed beside a sign would remember what the sign stands for.
-void LineEditor::typePlainly() {
+void EditorMirror::typePlainly() {
     if (!textCursor().hasSelection()) setCurrentCharFormat({});
 }
 
-void LineEditor::keyPressEvent(QKeyEvent* event) {
-    std::int16_t code = composing_ ? std::int16_t{0} : keyCodeOf(*event);
-    const bool known = code != 0;
-    const std::int16_t shift = shiftMaskOf(event->modifiers());
-    const bool there = link_->run([&](Surface& surface) {
-        if (known && surface.OnKeyDown) surface.OnKeyDown(code, shift);
-        if (known) code = surface.rtbEdit.UserKey(code, shift);
-    });
-    if (!there || (known && code == 0)) {
+void EditorMirror::keyPressEvent(QKeyEvent* event) {
+    if (!composing_ && !mayType(link_, &Surface::rtbEdit, *event)) {
         event->accept();
         return;
     }
@@ -107,31 +104,23 @@ void LineEditor::keyPressEvent(QKeyEvent* event) {
     QPlainTextEdit::keyPressEvent(event);
 }
 
-void LineEditor::keyReleaseEvent(QKeyEvent* event) {
-    const std::int16_t code = composing_ ? std::int16_t{0} : keyCodeOf(*event);
-    if (code != 0 && !event->isAutoRepeat()) {
-        const std::int16_t shift = shiftMaskOf(event->modifiers());
-        const bool there = link_->run([&](Surface& surface) {
-            if (surface.OnKeyUp) surface.OnKeyUp(code, shift);
-        });
-        if (!there) return;
-    }
-    QPlainTextEdit::keyReleaseEvent(event);
+void EditorMirror::keyReleaseEvent(QKeyEvent* event) {
+    if (composing_ || mayRelease(link_, *event)) QPlainTextEdit::keyReleaseEvent(event);
 }
 
-void LineEditor::inputMethodEvent(QInputMethodEvent* event) {
+void EditorMirror::inputMethodEvent(QInputMethodEvent* event) {
     composing_ = !event->preeditString().isEmpty();
     typePlainly();
     QPlainTextEdit::inputMethodEvent(event);
 }
 
-void LineEditor::focusOutEvent(QFocusEvent* event) {
+void EditorMirror::focusOutEvent(QFocusEvent* event) {
     composing_ = false;
     QPlainTextEdit::focusOutEvent(event);
 }
 
 // Esc and Ctrl+Enter belong to the editor before any shortcut of its window.
-bool LineEditor::event(QEvent* event) {
+bool EditorMirror::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto* key = static_cast<QKeyEvent*>(event);
         const bool isReturn = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
@@ -144,14 +133,14 @@ bool LineEditor::event(QEvent* event) {
     return QPlainTextEdit::event(event);
 }
 
-QMimeData* LineEditor::createMimeDataFromSelection() const {
+QMimeData* EditorMirror::createMimeDataFromSelection() const {
     auto* copied = new QMimeData;
     QString text = toQString(selectedTextOf(textCursor()));
     copied->setText(text.replace("\r\n", "\n"));
     return copied;
 }
 
-void LineEditor::insertFromMimeData(const QMimeData* source) {
+void EditorMirror::insertFromMimeData(const QMimeData* source) {
     if (!source->hasText()) return;
     QString text = source->text();
     text.replace("\r\n", "\n").replace("\n", "\r\n");

@@ -12,7 +12,7 @@ using quorvale::test::ShownBox;
 
 /// The editor that lies over the rows: texts pass through it unchanged, its keys reach the control
 /// first, and a composition keeps its keys to itself.
-class LineEditorTest : public QObject {
+class EditorMirrorTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -33,7 +33,7 @@ private slots:
 
 private:
     /// Opens the editor as the control does.
-    LineEditor& open(ShownBox& shown, std::u16string text);
+    EditorMirror& open(ShownBox& shown, std::u16string text);
 };
 
 namespace {
@@ -47,7 +47,7 @@ std::u16string throughADocument(std::u16string_view text) {
 
 }  // namespace
 
-LineEditor& LineEditorTest::open(ShownBox& shown, std::u16string text) {
+EditorMirror& EditorMirrorTest::open(ShownBox& shown, std::u16string text) {
     TextBox& box = shown.elements().rtbEdit;
     box.Move(600, 600, 6000, 300);
     box.SetText(std::move(text));
@@ -57,7 +57,7 @@ LineEditor& LineEditorTest::open(ShownBox& shown, std::u16string text) {
     return shown.live().editor();
 }
 
-void LineEditorTest::textsComeBackAsTheyWere_data() {
+void EditorMirrorTest::textsComeBackAsTheyWere_data() {
     QTest::addColumn<QString>("text");
     const auto row = [](const char* name, std::u16string_view text) {
         QTest::newRow(name) << toQString(text);
@@ -85,20 +85,20 @@ void LineEditorTest::textsComeBackAsTheyWere_data() {
     row("Japanese", u"\u65e5\u672c\r\n\ud55c\uad6d"sv);
 }
 
-void LineEditorTest::textsComeBackAsTheyWere() {
+void EditorMirrorTest::textsComeBackAsTheyWere() {
     QFETCH(QString, text);
     QCOMPARE(toQString(throughADocument(toUtf16(text))), text);
     ShownBox shown;
-    LineEditor& editor = open(shown, toUtf16(text));
+    EditorMirror& editor = open(shown, toUtf16(text));
     QTest::keyClicks(&editor, "x");
     QCOMPARE(toQString(shown.elements().rtbEdit.Text()), "x" + text);
     QTest::keyClick(&editor, Qt::Key_Backspace);
     QCOMPARE(toQString(shown.elements().rtbEdit.Text()), text);
 }
 
-void LineEditorTest::aSignThatIsTypedIsOnlyASign() {
+void EditorMirrorTest::aSignThatIsTypedIsOnlyASign() {
     ShownBox shown;
-    LineEditor& editor = open(shown, u"\r");
+    EditorMirror& editor = open(shown, u"\r");
     QInputMethodEvent event;
     event.setCommitString(QString(QChar(u'\u240d')));
     QCoreApplication::sendEvent(&editor, &event);
@@ -106,18 +106,18 @@ void LineEditorTest::aSignThatIsTypedIsOnlyASign() {
     QCOMPARE(shown.elements().rtbEdit.Text(), std::u16string(u"\u240da\r"));
 }
 
-void LineEditorTest::whatIsTypedReachesTheElement() {
+void EditorMirrorTest::whatIsTypedReachesTheElement() {
     ShownBox shown;
-    LineEditor& editor = open(shown, u"one");
+    EditorMirror& editor = open(shown, u"one");
     QTest::keyClick(&editor, Qt::Key_End);
     QTest::keyClick(&editor, Qt::Key_Return);
     QTest::keyClicks(&editor, "two");
     QCOMPARE(shown.elements().rtbEdit.Text(), std::u16string(u"one\r\ntwo"));
 }
 
-void LineEditorTest::typingBesideAnOddCharacterLeavesItAlone() {
+void EditorMirrorTest::typingBesideAnOddCharacterLeavesItAlone() {
     ShownBox shown;
-    LineEditor& editor = open(shown, std::u16string(u"a\0b", 3));
+    EditorMirror& editor = open(shown, std::u16string(u"a\0b", 3));
     QTest::keyClick(&editor, Qt::Key_Right);
     QTest::keyClick(&editor, Qt::Key_Right);
     QTest::keyClicks(&editor, "xy");
@@ -126,9 +126,9 @@ void LineEditorTest::typingBesideAnOddCharacterLeavesItAlone() {
     QCOMPARE(shown.elements().rtbEdit.Text(), std::u16string(u"a\0b", 3));
 }
 
-void LineEditorTest::theEditorFollowsItsElement() {
+void EditorMirrorTest::theEditorFollowsItsElement() {
     ShownBox shown;
-    LineEditor& editor = open(shown, u"text");
+    EditorMirror& editor = open(shown, u"text");
     QVERIFY(editor.isVisible());
     QCOMPARE(editor.geometry().topLeft(), QPoint(40, 40));
     QCOMPARE(editor.width(), 400);
@@ -142,17 +142,17 @@ void LineEditorTest::theEditorFollowsItsElement() {
     QVERIFY(!editor.isVisible());
 }
 
-void LineEditorTest::openingIsNoStepThatCanBeUndone() {
+void EditorMirrorTest::openingIsNoStepThatCanBeUndone() {
     ShownBox shown;
-    LineEditor& editor = open(shown, u"text");
+    EditorMirror& editor = open(shown, u"text");
     editor.undo();
     QCOMPARE(editor.toPlainText(), QString("text"));
     QCOMPARE(shown.elements().rtbEdit.Text(), std::u16string(u"text"));
 }
 
-void LineEditorTest::theControlsKeysAreNotTyped() {
+void EditorMirrorTest::theControlsKeysAreNotTyped() {
     ShownBox shown;
-    LineEditor& editor = open(shown, u"text");
+    EditorMirror& editor = open(shown, u"text");
     QStringList heard;
     shown.elements().rtbEdit.OnKeyDown = [&](std::int16_t& code, std::int16_t shift) {
         constexpr int controlKey = 17;
@@ -168,17 +168,17 @@ void LineEditorTest::theControlsKeysAreNotTyped() {
     QCOMPARE(heard, QStringList({"13 2", "13 2", "13 0", "27 0"}));
 }
 
-void LineEditorTest::otherKeysAreTyped() {
+void EditorMirrorTest::otherKeysAreTyped() {
     ShownBox shown;
-    LineEditor& editor = open(shown, u"");
+    EditorMirror& editor = open(shown, u"");
     QTest::keyClicks(&editor, "Ab 1");
     QTest::keyClick(&editor, Qt::Key_Tab);
     QCOMPARE(shown.elements().rtbEdit.Text(), std::u16string(u"Ab 1\t"));
 }
 
-void LineEditorTest::aKeyOfACompositionDoesNotReachTheControl() {
+void EditorMirrorTest::aKeyOfACompositionDoesNotReachTheControl() {
     ShownBox shown;
-    LineEditor& editor = open(shown, u"text");
+    EditorMirror& editor = open(shown, u"text");
     int heard = 0;
     shown.elements().rtbEdit.OnKeyDown = [&](std::int16_t&, std::int16_t) { ++heard; };
     QInputMethodEvent composing("\u304b", {});
@@ -195,10 +195,10 @@ void LineEditorTest::aKeyOfACompositionDoesNotReachTheControl() {
     QCOMPARE(heard, 1);
 }
 
-void LineEditorTest::copiedAndPastedTextKeepsItsCharacters() {
+void EditorMirrorTest::copiedAndPastedTextKeepsItsCharacters() {
     ShownBox shown;
     const std::u16string text(u"a\u00A0b\rc\0\r\nd", 9);
-    LineEditor& editor = open(shown, text);
+    EditorMirror& editor = open(shown, text);
     editor.selectAll();
     editor.copy();
     editor.paste();
@@ -209,9 +209,9 @@ void LineEditorTest::copiedAndPastedTextKeepsItsCharacters() {
     QCOMPARE(shown.elements().rtbEdit.Text(), std::u16string(u"one\r\ntwo"));
 }
 
-void LineEditorTest::moreLinesMakeItHigher() {
+void EditorMirrorTest::moreLinesMakeItHigher() {
     ShownBox shown;
-    LineEditor& editor = open(shown, u"text");
+    EditorMirror& editor = open(shown, u"text");
     const int before = editor.height();
     for (int i = 0; i < 4; ++i) QTest::keyClick(&editor, Qt::Key_Return);
     shown.settle();
@@ -222,7 +222,7 @@ void LineEditorTest::moreLinesMakeItHigher() {
     QVERIFY(editor.geometry().bottom() < shown.widget().height());
 }
 
-void LineEditorTest::theFocusCanBeRequestedAtOnce() {
+void EditorMirrorTest::theFocusCanBeRequestedAtOnce() {
     ShownBox shown;
     TextBox& box = shown.elements().rtbEdit;
     box.Move(600, 600, 6000, 300);
@@ -232,9 +232,9 @@ void LineEditorTest::theFocusCanBeRequestedAtOnce() {
              static_cast<int>(FocusChild::Editor));
 }
 
-void LineEditorTest::zoomKeysAndWheelLeaveTheFontAlone() {
+void EditorMirrorTest::zoomKeysAndWheelLeaveTheFontAlone() {
     ShownBox shown;
-    LineEditor& editor = open(shown, u"text");
+    EditorMirror& editor = open(shown, u"text");
     const QFont before = editor.font();
     QWheelEvent wheel(QPointF(5, 5), editor.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton,
                       Qt::ControlModifier, Qt::NoScrollPhase, false);
@@ -243,5 +243,5 @@ void LineEditorTest::zoomKeysAndWheelLeaveTheFontAlone() {
     QCOMPARE(editor.font(), before);
 }
 
-QTEST_MAIN(LineEditorTest)
-#include "line_editor_test.moc"
+QTEST_MAIN(EditorMirrorTest)
+#include "editor_mirror_test.moc"

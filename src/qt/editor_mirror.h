@@ -9,11 +9,11 @@ namespace quorvale {
 /// The real editor over the rows that are being corrected. What is typed goes to the element at
 /// once, with every character as it is; the element's keys come first, so that Esc and Ctrl+Enter
 /// are never typed. A key that an input method uses while it composes is the input method's.
-class LineEditor final : public QPlainTextEdit {
+class EditorMirror final : public QPlainTextEdit {
     Q_OBJECT
 
 public:
-    LineEditor(ControlLinkPtr link, QWidget* parent);
+    EditorMirror(ControlLinkPtr link, QWidget* parent);
 
     /// Shows the element; `controlOrigin` is the control's corner in the parent. It may be a little
     /// higher than the element while more lines are typed than it stands for.

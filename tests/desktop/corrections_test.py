@@ -1,0 +1,175 @@
+#!/usr/bin/env python3
+"""A user corrects lines, leaves, comes back, and commits: with real keys, on real files.
+Usage: corrections_test.py VIEWER, on a display with a window manager."""
+
+import hashlib
+import sys
+import unittest
+from pathlib import Path
+
+import desktop
+from desktop import ViewerCase, tool, wait_for
+
+# Tabs, two kinds of line ends, and no line end after the last line: all of it is to stay.
+CONTENT = b"first\tline\r\nsecond line\nthird line\r\n\r\nlast line"
+
+
+def wait_a_tip(case):
+    """A little patience: a tip takes most of a second."""
+    try:
+        return case.until("a tip", lambda shown: "corrected" in shown.get("tip", ""), seconds=2)
+    except AssertionError:
+        return None
+
+
+class Corrections(ViewerCase):
+    def setUp(self):
+        self.file = Path("document.txt")
+        self.file.write_bytes(CONTENT)
+        self.journal = Path("document.txt!.xml")
+        self.journal.unlink(missing_ok=True)
+        self.show()
+
+    def show(self):
+        self.open(str(self.file), title="document")
+        self.until("the file", lambda shown: shown["lines"] == 5)
+        self.activate()
+        self.until("the focus in the text", lambda shown: shown["focus"] == "text")
+
+    def close(self):
+        self.press("alt+F4")
+        self.assertEqual(self.viewer.wait(timeout=30), 0)
+
+    def go_to(self, line):
+        self.point_at_line(line)
+        self.click()
+        self.until(f"the caret in line {line}", lambda shown: shown["row"] == line)
+
+    def open_editor(self, line):
+        self.go_to(line)
+        self.press("F2")
+        return self.until("the editor", lambda shown: "editor" in shown and
+                          shown["focus"] == "editor")["editor"]
+
+    def correct(self, line, text):
+        self.open_editor(line)
+        self.press("ctrl+a")
+        tool("xdotool", "type", "--clearmodifiers", text)
+        self.until("the typed text", lambda shown: shown["editor"] == text)
+        self.press("ctrl+Return")
+        self.until("the editor to close", lambda shown: "editor" not in shown)
+        self.until("the mark", lambda shown: self.row_of(line)["corrected"])
+
+    def commit(self):
+        self.press("ctrl+s")
+        self.until("nothing pending", lambda shown: shown["pending"] == 0)
+
+    def test_a_correction_waits_for_its_commit_over_the_night(self):
+        before = hashlib.sha256(self.file.read_bytes()).hexdigest()
+        self.correct(2, "corrected")
+        self.assertEqual(hashlib.sha256(self.file.read_bytes()).hexdigest(), before)
+        self.close()
+        self.assertEqual(hashlib.sha256(self.file.read_bytes()).hexdigest(), before)
+        self.assertTrue(self.journal.exists())
+        self.show()
+        self.until("the correction", lambda shown: shown["pending"] == 1 and
+                   self.row_of(2)["corrected"])
+        self.commit()
+        self.until("the new line", lambda shown: self.row_of(2)["text"] == "corrected")
+        self.assertEqual(self.file.read_bytes(), CONTENT.replace(b"second line", b"corrected"))
+        self.close()
+        self.assertFalse(self.journal.exists())
+        self.assertEqual(sorted(path.name for path in Path(".").glob(".qbx*")), [])
+
+    def test_the_status_bar_counts_what_is_pending(self):
+        self.assertNotIn("correction", self.shown()["status"])
+        self.correct(2, "corrected")
+        self.until("one", lambda shown: "1 correction not committed" in shown["status"])
+        self.correct(3, "corrected too")
+        self.until("two", lambda shown: "2 corrections not committed" in shown["status"])
+        self.commit()
+        self.until("none", lambda shown: "correction" not in shown["status"])
+
+    def test_the_mouse_over_a_corrected_row_shows_what_will_be_there(self):
+        self.correct(2, "corrected")
+        def shown():
+            # A tip comes when the mouse rests after a move.
+            for x in (301, 300):
+                self.point_at_line(2, x)
+            return "corrected" in self.shown().get("tip", "")
+        wait_for("the tip", lambda: shown() or wait_a_tip(self))
+        self.point_at_line(4)
+        self.until("no tip", lambda shown: "tip" not in shown)
+
+    def test_escape_drops_what_was_typed(self):
+        self.assertEqual(self.open_editor(3), "third line")
+        tool("xdotool", "type", "nothing of this")
+        self.until("the typed text", lambda shown: "nothing" in shown["editor"])
+        self.press("Escape")
+        shown = self.until("the editor to close", lambda shown: "editor" not in shown)
+        self.assertEqual(shown["pending"], 0)
+
+    def test_leaving_the_line_records_the_edit(self):
+        self.open_editor(3)
+        tool("xdotool", "type", "x")
+        self.until("the typed text", lambda shown: shown["editor"].startswith("x"))
+        self.point_at_line(1)
+        self.click()
+        self.until("the record", lambda shown: shown["pending"] == 1 and shown["row"] == 1)
+
+    def test_a_line_break_is_typed_with_enter(self):
+        self.open_editor(5)
+        self.press("End", "Return")
+        tool("xdotool", "type", "more")
+        self.until("two lines", lambda shown: shown["editor"] == "last line\r\nmore")
+        self.press("ctrl+Return")
+        self.until("the record", lambda shown: shown["pending"] == 1)
+        self.commit()
+        self.assertTrue(self.file.read_bytes().endswith(b"\r\n\r\nlast line\nmore") or
+                        self.file.read_bytes().endswith(b"\r\n\r\nlast line\r\nmore"))
+
+    def test_the_mark_opens_a_menu_that_undoes(self):
+        self.correct(2, "corrected")
+        row = self.row_of(2)
+        self.point_at(row["markAt"][0], row["markAt"][1])
+        self.click()
+        # The menu takes the keys once it is open.
+        def undone():
+            self.press("u")
+            return self.shown()["pending"] == 0
+        wait_for("the undo", undone)
+        self.until("no mark", lambda shown: not self.row_of(2)["corrected"])
+
+    def test_undo_all_asks_first(self):
+        self.correct(1, "one")
+        self.correct(3, "three")
+        self.press("alt+e")
+        self.press("a")
+        boxes = lambda: tool("xdotool", "search", "--onlyvisible", "--class", "quorvale"
+                             ).decode().split()
+        wait_for("the question", lambda: len(boxes()) == 2)
+        self.assertEqual(self.shown()["pending"], 2)
+        def cancelled():
+            self.press("Escape")
+            return len(boxes()) == 1
+        wait_for("the question to close", cancelled)
+        self.assertEqual(self.shown()["pending"], 2)
+
+    def test_a_changed_file_is_not_overwritten_without_a_word(self):
+        self.correct(2, "corrected")
+        self.file.write_bytes(CONTENT + b" that somebody else wrote")
+        self.press("ctrl+s")
+        boxes = lambda: tool("xdotool", "search", "--onlyvisible", "--class", "quorvale"
+                             ).decode().split()
+        wait_for("the question", lambda: len(boxes()) == 2)
+        def cancelled():
+            self.press("Escape")
+            return len(boxes()) == 1
+        wait_for("the question to close", cancelled)
+        self.assertTrue(self.file.read_bytes().endswith(b"somebody else wrote"))
+        self.assertEqual(self.shown()["pending"], 1)
+
+
+if __name__ == "__main__":
+    desktop.VIEWER = sys.argv.pop(1)
+    unittest.main()
