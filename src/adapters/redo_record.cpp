@@ -18,7 +18,6 @@ constexpr std::size_t fieldCount = 8;
 constexpr std::uint64_t blockSize = 512;
 /// More than the longest paths take.
 constexpr std::size_t largestHeader = 65536;
-constexpr std::size_t pieceSize = std::size_t{1} << 20;
 
 std::string Encode(const RedoRecord& record) {
     return EncodeFields(title,

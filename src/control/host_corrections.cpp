@@ -1,14 +1,26 @@
 #include "control/host_corrections.h"
 
+#include <algorithm>
+
 #include "base/integers.h"
 #include "control/control_parts.h"
 #include "control/frame.h"
+#include "corrections/edit_script.h"
 #include "corrections/loaded_digest.h"
 
 namespace quorvale {
 
 std::int32_t HostCorrections::Pending() const {
     return CheckedCast<std::int32_t>(parts_.JournalIndex.CountOfAll());
+}
+
+std::int32_t HostCorrections::WithoutPlace() const {
+    const EditScript script =
+        MakeEditScript(1, parts_.Document.LineSlots, parts_.JournalIndex.Updates());
+    const auto placed = std::count_if(script.begin(), script.end(), [](const ScriptStep& step) {
+        return step.Insert != nullptr;
+    });
+    return Pending() - CheckedCast<std::int32_t>(placed);
 }
 
 std::uint64_t HostCorrections::Changes() const { return parts_.Corrections.Changes; }

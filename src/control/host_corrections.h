@@ -22,6 +22,10 @@ public:
     /// How many corrections are not yet in the file; 0 without a file.
     std::int32_t Pending() const;
 
+    /// How many of them a commit has no place for and drops: those that begin behind the end of a
+    /// file that became shorter, overlap others, or do not say where they belong.
+    std::int32_t WithoutPlace() const;
+
     /// Rises with every change of the corrections, and when another file comes: for a host that
     /// looks now and then whether what it shows of them still holds.
     std::uint64_t Changes() const;

@@ -35,7 +35,10 @@ void Commit::CommitUpdates() {
 bool Commit::IsWanted() {
     if (!journal_.HasCorrections()) return false;
     const XmlNodePtr asked = corrections_.JournalRoot;
-    return peers_.MayCommit() && corrections_.JournalRoot == asked && journal_.HasCorrections();
+    if (!peers_.MayCommit() || corrections_.JournalRoot != asked) return false;
+    // The host may have let its user edit on.
+    recording_.RecordEdit(true);
+    return journal_.HasCorrections();
 }
 
 /// Why it could not be done; nothing when it was.

@@ -20,9 +20,14 @@ ControlWidget::ControlWidget(QWidget* parent)
       events_(std::make_unique<EventRelay>(*this)) {
     // Qt remembers what it finds at the first question.
     offerAccessibility();
-    link_->attach(std::make_shared<QuorvaleBox>(
-        widgetServices(*this, faces_, [this, link = link_](const QString& name) {
+    link_->attach(std::make_shared<QuorvaleBox>(widgetServices(
+        *this, faces_,
+        [this, link = link_](const QString& name) {
             if (link->box() != nullptr) emit propertyReported(name);
+        },
+        [this, link = link_](const FileNotice& notice) {
+            if (link->box() == nullptr) return;
+            emit fileNotice(notice.What, toQString(notice.Name), toQString(notice.KeptAs));
         })));
     surface_ = std::make_unique<LiveSurface>(link_, faces_, *this);
     connect(surface_.get(), &LiveSurface::changesShown, this, &ControlWidget::shown);

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "control/quorvale_box.h"
+#include "platform/file_notice.h"
 
 namespace quorvale {
 
@@ -64,6 +65,9 @@ signals:
     void beforeFileChange(const QString& fileName, bool* changed);
     /// The control has set one of its properties, by this name.
     void propertyReported(const QString& name);
+    /// The files did something besides what was asked: they moved another program's bytes aside, or
+    /// ended a write that had been interrupted. `name` is the file, `keptAs` where its bytes are.
+    void fileNotice(quorvale::FileNotice::Kind what, const QString& name, const QString& keptAs);
     /// What had changed on the control is on the screen: at most once per turn of the event loop.
     void shown();
 

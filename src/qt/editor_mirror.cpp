@@ -101,6 +101,12 @@ void EditorMirror::keyPressEvent(QKeyEvent* event) {
         return;
     }
     typePlainly();
+    // Shift and Enter would begin a new row of the same line, which no file has.
+    if (event->matches(QKeySequence::InsertLineSeparator)) {
+        textCursor().insertBlock();
+        ensureCursorVisible();
+        return;
+    }
     QPlainTextEdit::keyPressEvent(event);
 }
 

@@ -71,10 +71,13 @@ int languageOfDesktop() {
 }  // namespace
 
 HostServices widgetServices(QWidget& control, std::shared_ptr<FontFaces> faces,
-                            std::function<void(const QString& property)> report) {
+                            std::function<void(const QString& property)> report,
+                            std::function<void(const FileNotice&)> notice) {
     HostServices services;
     services.Metrics = std::make_shared<QtTextMetrics>(std::move(faces));
-    services.Files = std::make_shared<PosixFiles>();
+    auto files = std::make_shared<PosixFiles>();
+    files->SetNoticeHandler(std::move(notice));
+    services.Files = std::move(files);
     services.Memory = std::make_shared<HugePageMemory>();
     services.Site = std::make_shared<WidgetContainer>(control, std::move(report));
     services.Xml = std::make_shared<PugiXml>();

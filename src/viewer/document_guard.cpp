@@ -1,10 +1,14 @@
 #include "viewer/document_guard.h"
 
-#include <QFile>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <cstddef>
+#include <new>
+#include <stdexcept>
+#include <string>
 
+#include "adapters/posix_files.h"
 #include "base/errors.h"
 #include "control/host_corrections.h"
 #include "platform/file_digest.h"
@@ -16,20 +20,22 @@ namespace quorvale {
 
 namespace {
 
-constexpr qint64 pieceSize = 1 << 20;
+constexpr std::size_t pieceSize = 1 << 20;
 
-/// Whether the file holds just these bytes. One that cannot be read is another one.
-bool isStill(const QString& fileName, const FileDigest& digest) {
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly)) return false;
-    if (static_cast<std::uint64_t>(file.size()) != digest.Size) return false;
+/// Whether the file holds just these bytes. One that cannot be read, or is no file any more, is
+/// another one.
+bool isStill(const std::u16string& fileName, const FileDigest& digest) {
     const BusyCursor busy;
+    auto stream = PosixFiles().OpenForReading(fileName);
+    if (!stream || (*stream)->Size() != digest.Size) return false;
     DigestBuilder builder;
-    QByteArray piece(pieceSize, Qt::Uninitialized);
-    for (qint64 size = 0; (size = file.read(piece.data(), pieceSize)) > 0;) {
-        builder.Add({piece.constData(), static_cast<std::size_t>(size)});
+    std::string piece(pieceSize, '\0');
+    for (;;) {
+        auto size = (*stream)->Read(reinterpret_cast<std::byte*>(piece.data()), pieceSize);
+        if (!size) return false;
+        if (*size == 0) return builder.Digest() == digest;
+        builder.Add({piece.data(), *size});
     }
-    return builder.Digest() == digest;
 }
 
 enum Answer { Cancelled, Reload, CommitAnyway, TryAgain, Leave };
@@ -75,13 +81,31 @@ DocumentGuard::DocumentGuard(QuorvaleBoxWidget& control) : QObject(&control), co
 }
 
 bool DocumentGuard::mayCommit() {
+    // From here on they are on the disk, whatever happens in the middle of the commit.
+    saveFailure();
+    return mayDropUnplaced() && mayReplace();
+}
+
+bool DocumentGuard::mayDropUnplaced() {
+    const int lost = control_.box().Corrections().WithoutPlace();
+    if (lost == 0) return true;
+    Question question(
+        control_, tr("%n correction(s) do not fit this file.", nullptr, lost),
+        tr("They begin behind its end, overlap others or cannot be read. Committing drops them."));
+    question.offer(CommitAnyway, tr("Commit &without them"), QMessageBox::AcceptRole);
+    const QPointer<DocumentGuard> alive(this);
+    const int answer = question.ask();
+    return alive != nullptr && answer == CommitAnyway;
+}
+
+bool DocumentGuard::mayReplace() {
     const HostCorrections& corrections = control_.box().Corrections();
-    const QString fileName = toQString(corrections.FilePath());
+    const std::u16string fileName = corrections.FilePath();
     if (isStill(fileName, corrections.LoadedDigest())) return true;
-    Question question(control_, tr("%1 has changed on the disk since it was opened.").arg(fileName),
-                      tr("Your corrections were made to the lines as they were then. Reloading "
-                         "keeps them and shows them over the file as it is now; committing "
-                         "replaces that file."));
+    Question question(
+        control_, tr("%1 has changed on the disk since it was opened.").arg(toQString(fileName)),
+        tr("Your corrections were made to the lines as they were then. Reloading keeps them and "
+           "shows them over the file as it is now; committing replaces that file."));
     question.offer(Reload, tr("&Reload"), QMessageBox::ActionRole);
     question.offer(CommitAnyway, tr("Commit &anyway"), QMessageBox::AcceptRole);
     const QPointer<DocumentGuard> alive(this);
@@ -100,6 +124,10 @@ QString DocumentGuard::saveFailure() {
         return {};
     } catch (const ControlError& error) {
         return QString::fromUtf8(error.what());
+    } catch (const std::bad_alloc&) {
+        return tr("There is not enough memory.");
+    } catch (const std::length_error&) {
+        return tr("They are too large.");
     }
 }
 

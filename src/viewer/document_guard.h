@@ -26,6 +26,8 @@ signals:
 
 private:
     bool mayCommit();
+    bool mayDropUnplaced();
+    bool mayReplace();
     QString saveFailure();
 
     QuorvaleBoxWidget& control_;

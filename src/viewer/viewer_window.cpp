@@ -20,6 +20,7 @@
 #include "resources/pictures.h"
 #include "viewer/busy_cursor.h"
 #include "viewer/document_guard.h"
+#include "viewer/document_lock.h"
 #include "viewer/edit_menu.h"
 #include "viewer/open_check.h"
 #include "viewer/view_menu.h"
@@ -74,6 +75,8 @@ ViewerWindow::ViewerWindow() {
     pendingTimer_.start();
 }
 
+ViewerWindow::~ViewerWindow() = default;
+
 // Every document gets a control of its own: the old one closes its journal under its own name. It
 // goes first, two documents of a gigabyte side by side are too much.
 void ViewerWindow::renewControl() {
@@ -89,6 +92,9 @@ void ViewerWindow::renewControl() {
             [this] { tellBriefly(tr("Too much text to copy: select fewer rows")); });
     guard_ = new DocumentGuard(*control_);
     connect(guard_, &DocumentGuard::reloadWanted, this, &ViewerWindow::reload);
+    connect(control_, &ControlWidget::fileNotice, this, &ViewerWindow::tellNotice,
+            Qt::QueuedConnection);
+    connect(control_, &DocumentWidget::textChanged, this, &ViewerWindow::showDocument);
     setCentralWidget(control_);
     control_->setFocus();
     edit_->applyTo(*control_, *copying_);
@@ -144,20 +150,75 @@ QString ViewerWindow::openFile(const QString& fileName) {
     const QFileInfo file(fileName);
     if (!guard_->mayClose()) return {};
     const BusyCursor busy;
+    lock_.reset();
     renewControl();
-    control_->loadFile(file.absoluteFilePath());
-    // The control offers "Edit" exactly while it shows a file.
-    if (!control_->box().Elements().tbMore.Button(u"Edit").Enabled) {
-        fileName_.clear();
-        setWindowTitle("QuorvaleBox");
-        showStatus(0);
-        return tr("%1 could not be read to its end.").arg(fileName);
-    }
+    lock_ = std::make_unique<DocumentLock>(fileName);
     fileName_ = file.absoluteFilePath();
-    setWindowTitle(tr("%1 \u2014 QuorvaleBox").arg(file.fileName()));
-    showStatus(file.size());
-    view_->applyToDocument();
+    control_->loadFile(fileName_);
+    if (!showsAFile()) return tr("%1 could not be read to its end.").arg(fileName);
+    tellWhyNotToCorrect();
     return {};
+}
+
+// The control offers "Edit" exactly while it shows a file.
+bool ViewerWindow::showsAFile() const {
+    return control_->box().Elements().tbMore.Button(u"Edit").Enabled;
+}
+
+void ViewerWindow::tellWhyNotToCorrect() {
+    if (!lock_->isOurs()) {
+        withholdEditing();
+        tellBriefly(tr("Another viewer shows this file: it can be corrected there"));
+    }
+    const auto unreadable = control_->box().Corrections().Unreadable();
+    if (!unreadable) return;
+    withholdEditing();
+    const QString reason = QString::fromStdString(unreadable->Reason);
+    QMetaObject::invokeMethod(
+        this,
+        [this, reason] {
+            tell(tr("The corrections that lie beside this file cannot be read: %1. They stay as "
+                    "they are, and the file cannot be corrected until they can.")
+                     .arg(reason));
+        },
+        Qt::QueuedConnection);
+}
+
+void ViewerWindow::withholdEditing() {
+    HostOptions options = control_->options();
+    options.OfferEditing = false;
+    control_->setOptions(options);
+}
+
+void ViewerWindow::tellNotice(FileNotice::Kind what, const QString& name, const QString& keptAs) {
+    switch (what) {
+        case FileNotice::Kind::DocumentKept:
+            return tell(tr("Another program had written %1. Its version was kept as %2.")
+                            .arg(name, keptAs));
+        case FileNotice::Kind::JournalKept:
+            return tell(tr("Corrections that do not belong to %1 as it is now were kept as %2.")
+                            .arg(name, keptAs));
+        case FileNotice::Kind::RecordKept:
+            return tell(tr("%1 was being written when a program ended, and has been changed since. "
+                           "What was to be written is in %2.")
+                            .arg(name, keptAs));
+        case FileNotice::Kind::WriteEnded:
+            return tellBriefly(tr("An interrupted commit was brought to its end"));
+        case FileNotice::Kind::DurabilityUnknown:
+            return;
+    }
+}
+
+// Also after a commit, which loads the file again: its lines have no colours and folds then.
+void ViewerWindow::showDocument() {
+    if (!showsAFile()) fileName_.clear();
+    setWindowTitle(fileName_.isEmpty()
+                       ? QString("QuorvaleBox")
+                       : tr("%1 \u2014 QuorvaleBox").arg(QFileInfo(fileName_).fileName()));
+    showStatus();
+    changesShown_ = 0;
+    showPending();
+    view_->applyToDocument();
 }
 
 void ViewerWindow::openOrTell(const QString& fileName) {
@@ -178,12 +239,12 @@ void ViewerWindow::tellBriefly(const QString& message) {
     statusBar()->showMessage(message, briefly);
 }
 
-void ViewerWindow::showStatus(qint64 bytes) {
+void ViewerWindow::showStatus() {
     const bool shown = !fileName_.isEmpty();
     const QLocale locale;
     const int lines = control_->box().LineCount();
     lines_->setText(shown ? tr("%1 lines").arg(locale.toString(lines)) : QString());
-    size_->setText(shown ? locale.formattedDataSize(bytes) : QString());
+    size_->setText(shown ? locale.formattedDataSize(QFileInfo(fileName_).size()) : QString());
     encoding_->setText(shown ? inWords(control_->box().Extras().FileEncoding()) : QString());
 }
 

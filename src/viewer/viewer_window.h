@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <QTimer>
 #include <cstdint>
+#include <memory>
 
 #include "qt/quorvale_box_widget.h"
 
@@ -12,6 +13,7 @@ class QMenu;
 namespace quorvale {
 
 class DocumentGuard;
+class DocumentLock;
 class EditMenu;
 class RowCopying;
 class ViewMenu;
@@ -23,6 +25,7 @@ class ViewerWindow final : public QMainWindow {
 
 public:
     ViewerWindow();
+    ~ViewerWindow() override;
 
     /// Shows the file in a new control and returns the empty text; or says why not. What was shown
     /// stays unless the file turns out unreadable on the way.
@@ -53,8 +56,13 @@ private:
     void makeFileMenu();
     void makeStatusBar();
     void chooseFile();
-    void showStatus(qint64 bytes);
+    bool showsAFile() const;
+    void showDocument();
+    void showStatus();
     void showPending();
+    void tellNotice(FileNotice::Kind what, const QString& name, const QString& keptAs);
+    void tellWhyNotToCorrect();
+    void withholdEditing();
     void reload();
     void tell(const QString& message);
     void tellBriefly(const QString& message);
@@ -62,6 +70,7 @@ private:
     QuorvaleBoxWidget* control_ = nullptr;
     RowCopying* copying_ = nullptr;
     DocumentGuard* guard_ = nullptr;
+    std::unique_ptr<DocumentLock> lock_;
     EditMenu* edit_ = nullptr;
     ViewMenu* view_ = nullptr;
     QLabel* pending_ = nullptr;

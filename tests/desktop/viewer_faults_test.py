@@ -81,6 +81,42 @@ class ViewerFaults(ViewerCase):
             return False
         wait_for(f"what {key} does", finished)
 
+    def correct_and_commit(self, at):
+        """A correction of this session, and a viewer that is killed at that call. How many calls
+        there were in all."""
+        self.start_afresh()
+        self.journal.unlink()
+        self.log.unlink(missing_ok=True)
+        self.open(str(self.file), title="document", FAULT_FOLDER=str(self.folder),
+                  FAULT_LOG=str(self.log), FAULT_AT=str(at), FAULT_HOW="before",
+                  LD_PRELOAD=SHIM)
+        self.until("the file", lambda shown: shown["lines"] == 4)
+        self.activate()
+        self.press("F2")
+        self.until("the editor", lambda shown: shown.get("focus") == "editor")
+        self.press("x", "ctrl+Return")
+        self.until("a correction", lambda shown: shown["pending"] == 1)
+        self.press("ctrl+s")
+        wait_for("the end", lambda: self.viewer.poll() is not None or
+                 (at == 0 and self.shown().get("pending") == 0))
+        self.stop()
+        return len(self.log.read_text().splitlines())
+
+    # They used to be in memory only until the window was closed.
+    def test_corrections_of_this_session_survive_a_killed_commit(self):
+        calls = self.correct_and_commit(0)
+        new = self.file.read_bytes()
+        self.assertNotEqual(new, OLD)
+        saved = self.log.read_text().split().index("rename") + 1
+        for at in range(saved + 1, calls + 1):
+            with self.subTest(call=at):
+                self.correct_and_commit(at)
+                content = self.file.read_bytes()
+                self.assertIn(content, (OLD, new))
+                if content == OLD:
+                    self.assertIn(b"x", self.journal.read_bytes())
+        print(f"killed at each of {calls - saved} calls after the corrections were saved", flush=True)
+
     def test_corrections_that_cannot_be_saved_keep_the_window_open(self):
         self.start_afresh()
         self.journal.unlink()

@@ -20,6 +20,7 @@ private slots:
     void textsComeBackAsTheyWere();
     void aSignThatIsTypedIsOnlyASign();
     void whatIsTypedReachesTheElement();
+    void enterWithShiftBeginsALineToo();
     void typingBesideAnOddCharacterLeavesItAlone();
     void theEditorFollowsItsElement();
     void openingIsNoStepThatCanBeUndone();
@@ -112,6 +113,15 @@ void EditorMirrorTest::whatIsTypedReachesTheElement() {
     QTest::keyClick(&editor, Qt::Key_End);
     QTest::keyClick(&editor, Qt::Key_Return);
     QTest::keyClicks(&editor, "two");
+    QCOMPARE(shown.elements().rtbEdit.Text(), std::u16string(u"one\r\ntwo"));
+}
+
+// It used to type a separator that no file has.
+void EditorMirrorTest::enterWithShiftBeginsALineToo() {
+    ShownBox shown;
+    EditorMirror& editor = open(shown, u"onetwo");
+    for (int i = 0; i < 3; ++i) QTest::keyClick(&editor, Qt::Key_Right);
+    QTest::keyClick(&editor, Qt::Key_Return, Qt::ShiftModifier);
     QCOMPARE(shown.elements().rtbEdit.Text(), std::u16string(u"one\r\ntwo"));
 }
 

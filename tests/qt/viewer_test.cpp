@@ -35,6 +35,9 @@ private slots:
     void whatCannotBeOpenedIsRefusedAndTheShownFileStays();
     void aFileWithoutPermissionIsRefused();
     void refusingIsToldInAMessage();
+    void whatIsPendingBelongsToTheFileThatIsShown();
+    void aSecondViewerDoesNotCorrect();
+    void anUnreadableJournalForbidsCorrecting();
     void theSnapshotShowsTheLineAskedFor();
     void theProgramRefusesWithAMessageAndOne();
     void theProgramTellsItsVersion();
@@ -197,6 +200,48 @@ void ViewerTest::refusingIsToldInAMessage() {
     QVERIFY(box != nullptr && box->isVisible());
     QVERIFY(box->text().endsWith("There is no such file."));
     box->close();
+}
+
+// The count of the file before used to stay.
+void ViewerTest::whatIsPendingBelongsToTheFileThatIsShown() {
+    put("pending.txt", "one\ntwo\n");
+    put("pending.txt!.xml",
+        "<corrections><update start=\"1\" loc=\"1\">1\n</update></corrections>");
+    ViewerWindow window;
+    QCOMPARE(window.openFile(folder_.filePath("pending.txt")), QString());
+    QVERIFY(window.statusText().startsWith("1 correction not committed"));
+    QCOMPARE(window.openFile(folder_.filePath("first.txt")), QString());
+    QVERIFY(!window.statusText().contains("correction"));
+    QCOMPARE(window.openFile(folder_.filePath("pending.txt")), QString());
+    QVERIFY(window.statusText().startsWith("1 correction not committed"));
+    QFile::remove(folder_.filePath("pending.txt!.xml"));
+}
+
+void ViewerTest::aSecondViewerDoesNotCorrect() {
+    const QString file = put("shared.txt", "one\ntwo\n");
+    QVERIFY(QFile::link(file, folder_.filePath("other name")));
+    auto first = std::make_unique<ViewerWindow>();
+    ViewerWindow second;
+    QCOMPARE(first->openFile(file), QString());
+    QCOMPARE(second.openFile(folder_.filePath("other name")), QString());
+    QVERIFY(first->control().options().OfferEditing);
+    QVERIFY(!second.control().options().OfferEditing);
+    QCOMPARE(row(second, 1), QString("two"));
+    first.reset();
+    QCOMPARE(second.openFile(file), QString());
+    QVERIFY(second.control().options().OfferEditing);
+}
+
+void ViewerTest::anUnreadableJournalForbidsCorrecting() {
+    const QString file = put("unreadable.txt", "one\n");
+    put("unreadable.txt!.xml", "<?xml version=\"1.0\" encoding=\"ebcdic-cp-us\"?><corrections/>");
+    ViewerWindow window;
+    window.show();
+    QCOMPARE(window.openFile(file), QString());
+    QVERIFY(!window.control().options().OfferEditing);
+    QTRY_VERIFY(window.findChild<QMessageBox*>() != nullptr);
+    QVERIFY(window.findChild<QMessageBox*>()->text().contains("cannot be read"));
+    window.findChild<QMessageBox*>()->close();
 }
 
 void ViewerTest::theSnapshotShowsTheLineAskedFor() {

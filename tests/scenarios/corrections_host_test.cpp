@@ -135,6 +135,34 @@ TEST_F(HostInsideCorrections, ReloadsTheFileBeforeACommitAndNothingIsWritten) {
     EXPECT_EQ(box_->Corrections().Pending(), 1);
 }
 
+TEST_F(HostInsideCorrections, LetsItsUserEditOnBeforeACommitAndThatIsCommittedToo) {
+    // Symptom: the edit was recorded afterwards, by the old line numbers, against the new file.
+    box_->Corrections().BeforeCommit = [&] {
+        box_.OpenEditor(9);
+        box_.TypeInEditor(u"late");
+        return true;
+    };
+    box_.PickCorrections(u"mnuPopupCommit");
+    EXPECT_NE(box_.FileBytes().find("late\r\n"), std::string::npos);
+    EXPECT_EQ(box_->Corrections().Pending(), 0);
+    EXPECT_FALSE(box_.EditorIsOpen());
+}
+
+TEST_F(HostInsideCorrections, HearsHowManyCorrectionsHaveNoPlaceInTheFile) {
+    EXPECT_EQ(box_->Corrections().WithoutPlace(), 0);
+    box_.Files().Put(u"/short.txt", "A\nB\nC\n");
+    box_.Files().Put(u"/short.txt!.xml",
+                     "<corrections><update start='2' loc='1'>x\n</update>"
+                     "<update start='9' loc='1'>behind the end\n</update>"
+                     "<update start='2' loc='2'>overlaps\n</update>"
+                     "<update start='?' loc='1'>nowhere\n</update></corrections>");
+    box_->LoadFile(u"/short.txt");
+    EXPECT_EQ(box_->Corrections().Pending(), 4);
+    EXPECT_EQ(box_->Corrections().WithoutPlace(), 3);
+    box_->text(u"no file");
+    EXPECT_EQ(box_->Corrections().WithoutPlace(), 0);
+}
+
 /// A surface whose focus goes wherever it is sent, and tells at once.
 TEST_F(HostInsideCorrections, AFocusThatLeavesWhileAnEditIsDroppedRecordsNothing) {
     box_.OpenEditor(7);
