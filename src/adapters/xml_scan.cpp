@@ -43,6 +43,8 @@ private:
 
     void PassTag() {
         const std::string_view rest = text_.substr(at_);
+        // The parser lets one pass that stands behind white space.
+        if (rest.size() == 1) return Refuse("A tag begins at the very end", false);
         if (rest.starts_with("</")) {
             if (depth_ > 0) --depth_;
             return PassUntil(">");

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -45,65 +46,6 @@ private:
 
 using Lines = std::vector<std::u16string>;
 
-/// A stretch of the document as its user sees it: the lines that stand for so many of the file's.
-struct Stretch {
-    std::int32_t First;
-    std::int32_t Count;
-    Lines Shown;
-};
-
-/// The corrected document in the plainest way: stretches in their order.
-class Expected {
-public:
-    explicit Expected(const QuorvaleBox& box) {
-        for (std::int32_t line = 1; line <= box.LineCount(); ++line) {
-            stretches_.push_back({line, 1, {box.Extras().RawLineText(line)}});
-        }
-    }
-
-    /// What an editor over these lines shows: what stands for them, and what is inserted before
-    /// them and right behind.
-    Lines ShownOver(std::int32_t first, std::int32_t count) const {
-        Lines lines;
-        for (const Stretch& each : stretches_) {
-            if (IsIn(each, first, count)) Append(lines, each.Shown);
-        }
-        return lines;
-    }
-
-    void Replace(std::int32_t first, std::int32_t count, Lines typed) {
-        std::vector<Stretch> after;
-        bool placed = false;
-        for (Stretch& each : stretches_) {
-            if (!IsIn(each, first, count)) {
-                after.push_back(std::move(each));
-            } else if (!std::exchange(placed, true)) {
-                after.push_back({first, count, typed});
-            }
-        }
-        Require(placed);
-        stretches_ = std::move(after);
-    }
-
-    Lines All() const {
-        Lines lines;
-        for (const Stretch& each : stretches_) Append(lines, each.Shown);
-        return lines;
-    }
-
-private:
-    static bool IsIn(const Stretch& each, std::int32_t first, std::int32_t count) {
-        const std::int32_t end = first + count;
-        return each.Count == 0 ? each.First >= first && each.First <= end
-                               : each.First < end && first < each.First + each.Count;
-    }
-    static void Append(Lines& lines, const Lines& more) {
-        lines.insert(lines.end(), more.begin(), more.end());
-    }
-
-    std::vector<Stretch> stretches_;
-};
-
 Lines SplitAtLineEnds(const std::u16string& text) {
     Lines lines;
     std::size_t at = 0;
@@ -112,12 +54,6 @@ Lines SplitAtLineEnds(const std::u16string& text) {
     }
     lines.push_back(text.substr(at));
     return lines;
-}
-
-std::u16string Joined(const Lines& lines) {
-    std::u16string text;
-    for (std::size_t i = 0; i < lines.size(); ++i) text += (i > 0 ? u"\r\n" : u"") + lines[i];
-    return text;
 }
 
 /// A carriage return at the end of a line cannot be told from a part of its line end once the line
@@ -143,22 +79,31 @@ std::u16string AsTyped(const std::string& bytes) {
     return text;
 }
 
-/// Opens an editor over some lines, types, and records.
-void Edit(CorrectionsBox& box, Expected& expected, Input& input) {
-    const std::int32_t lines = box->LineCount();
-    box.OpenEditor(1 + input.Number(lines), input.Number(9) - 4);
+/// Opens an editor over some lines, types, and records. `expected` is the corrected document as its
+/// user has seen it so far.
+void Edit(CorrectionsBox& box, Lines& expected, Input& input) {
+    const int row = 1 + input.Number(box->LineCount());
+    box.OpenEditor(row, input.Number(9) - 4);
     Require(box.EditorIsOpen());
-    const EditingState& editing = Inside(box.Box()).Editing;
-    const std::int32_t first = editing.EditStart.Number();
-    const std::int32_t count = editing.EditCount;
-    const Lines shown = expected.ShownOver(first, count);
+    const ControlParts& parts = Inside(box.Box());
+    const std::int32_t first = parts.Editing.EditStart.Number();
+    const std::size_t above = parts.CorrectedText.CorrectedLines(1, first - 1).size();
     const std::u16string before = box.Elements().rtbEdit.Text();
-    Require(before == Joined(shown));
-    const std::u16string typed = AsTyped(input.Bytes(static_cast<std::size_t>(input.Number(12)))) +
-                                 (input.Number(2) == 0 ? before : std::u16string());
+    // Nothing at all and one empty line look the same.
+    Lines shown = SplitAtLineEnds(before);
+    const Lines own = parts.CorrectedText.CorrectedLines(first, parts.Editing.EditCount);
+    if (before.empty() && own.empty()) shown.clear();
+    const auto from = expected.begin() + static_cast<std::ptrdiff_t>(above);
+    const auto to = from + static_cast<std::ptrdiff_t>(shown.size());
+    Require(above + shown.size() <= expected.size());
+    Require(std::equal(from, to, shown.begin(), shown.end()));
+    std::u16string typed = AsTyped(input.Bytes(static_cast<std::size_t>(input.Number(12))));
+    if (input.Number(2) == 0) typed += before;
     box.TypeInEditor(typed);
     box.PressInEditor(key_code::Return, shift_mask::Ctrl);
-    if (typed != before) expected.Replace(first, count, SplitAtLineEnds(typed));
+    if (typed == before) return;
+    const Lines lines = SplitAtLineEnds(typed);
+    expected.insert(expected.erase(from, to), lines.begin(), lines.end());
 }
 
 /// The lines of the file, whatever ends them.
@@ -188,7 +133,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // One control for all inputs, and few rows: most of the time goes into the corrections.
     static CorrectionsBox box(SmallSetup());
     box.Load(WithoutLooseReturns(input.Bytes(static_cast<std::size_t>(input.Number(60)))));
-    Expected expected(box.Box());
+    Lines expected = LinesOfFile(box);
     const std::string original = box.FileBytes();
     while (!input.IsUsedUp()) Edit(box, expected, input);
     Require(box.FileBytes() == original);
@@ -199,7 +144,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     box.PickCorrections(u"mnuPopupCommit");
     Require(box->Corrections().Pending() == 0);
     if (!pending) Require(box.FileBytes() == original);
-    Lines wanted = expected.All();
+    Lines wanted = expected;
     // A file without any line shows an empty one.
     if (wanted.empty()) wanted.emplace_back();
     Require(LinesOfFile(box) == wanted);

@@ -60,6 +60,7 @@ inline std::vector<XmlCase> XmlCases() {
         {"<a/>\n<b/>", "<There is more than one document element>"},
         {"<a b='1' b='2'/>", "<An attribute stands there twice>"},
         {"<a b='1' c='' d='' e='' f='' g='' h='' i='' b=''/>", "<An attribute stands there twice>"},
+        {"<a/> <", "<>"},
         {"<!DOCTYPE a><a/>", "<>"},
         {"<!DOCTYPE a [<!ENTITY x 'y'>]><a>&x;</a>", "<>"},
         {"<!doctype a><a/>", "<>"},
