@@ -49,11 +49,19 @@ ControlParts::ControlParts(HostServices services, HostOptions options)
       Commit(Document, Corrections, Navigation, Journal, CorrectedText, Recording, Marks,
              *Services.Files, Options, *Services.Messages, Texts, Peers),
       Commands(Editor, Undo, Walk, Commit),
+      Cases(CaseTableOf(Services.Case.get())),
+      FoundList(Elements),
+      Find(Search, Elements, Document, Navigation, Cases, Peers),
+      FindAll({Search, Document, Navigation, Lines, *Services.Files, Options, Texts, Cases},
+              Elements, FoundList, Peers),
+      Picking(Search, Elements, Document, FoundList, Peers),
+      GoToLine(Elements, Peers),
       Appearance(*this),
       Shell(*this),
       Persistence(*this),
       Extras(*this),
-      HostCorrections(*this) {
+      HostCorrections(*this),
+      SearchExtras(*this) {
     CreateElements(Elements, Texts, Options);
     Appearance.StartWithAmbientFont();
     WireHandlers(*this);

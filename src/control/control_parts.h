@@ -10,6 +10,7 @@
 #include "control/host_corrections.h"
 #include "control/host_extras.h"
 #include "control/persistence.h"
+#include "control/search_extras.h"
 #include "control/shell.h"
 #include "control/switchboard.h"
 #include "corrections/commands.h"
@@ -37,6 +38,11 @@
 #include "navigation/scrolling.h"
 #include "platform/host_services.h"
 #include "resources/string_table.h"
+#include "search/find.h"
+#include "search/find_all.h"
+#include "search/found_list.h"
+#include "search/go_to_line.h"
+#include "search/picking.h"
 #include "state/corrections_state.h"
 #include "state/editing_state.h"
 #include "state/search_state.h"
@@ -111,15 +117,24 @@ public:
     CorrectionWalk Walk;
     quorvale::Commit Commit;
     CorrectionCommands Commands;
+    const CaseTablePtr Cases;
+    quorvale::FoundList FoundList;
+    quorvale::Find Find;
+    quorvale::FindAll FindAll;
+    quorvale::Picking Picking;
+    quorvale::GoToLine GoToLine;
 
     quorvale::Appearance Appearance;
     quorvale::Shell Shell;
     quorvale::Persistence Persistence;
     HostExtras Extras;
     quorvale::HostCorrections HostCorrections;
+    quorvale::SearchExtras SearchExtras;
 
     /// How many members and handlers of this control are running inside one another.
     int Depth = 0;
+    /// The host has destroyed the control: what still runs gives up.
+    bool Ended = false;
 };
 
 }  // namespace quorvale

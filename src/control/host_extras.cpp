@@ -64,6 +64,8 @@ HostExtras::LineRange HostExtras::SelectedLines() const {
     return {static_cast<std::int32_t>(first), static_cast<std::int32_t>(end)};
 }
 
+SearchExtras& HostExtras::Search() const { return parts_.SearchExtras; }
+
 void HostExtras::ForgetFolds() {
     const Frame frame(parts_.shared_from_this());
     frame->Ranges.ForgetAll();

@@ -9,6 +9,7 @@
 namespace quorvale {
 
 class ControlParts;
+class SearchExtras;
 
 /// What a host may ask and do beyond the control's members. Lines are 1-based. It lives as long as
 /// its control.
@@ -52,6 +53,9 @@ public:
 
     /// Unfolds everything and forgets the registered ranges, as a new document does.
     void ForgetFolds();
+
+    /// What there is beyond the members for searching.
+    SearchExtras& Search() const;
 
 private:
     /// Characters of the text from a position on.

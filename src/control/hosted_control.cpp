@@ -12,6 +12,7 @@ HostedControl::HostedControl(HostServices services, HostOptions options)
 
 HostedControl::~HostedControl() {
     parts_->Events.Silence();
+    parts_->Ended = true;
     // What shows the elements may be gone already.
     parts_->Elements.Focus.SetBlocked(true);
     try {

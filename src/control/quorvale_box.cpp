@@ -117,11 +117,8 @@ std::int32_t QuorvaleBox::Offset() const {
 }
 
 void QuorvaleBox::Offset(std::int32_t offset) {
-    std::int32_t r = 0;
-    std::int32_t c = 0;
-    OffsetToRowCol(offset, r, &c);
-    // Nothing was written: the caret has already gone to the end.
-    if (r > 0) MoveTo(r, c);
+    const Frame frame(parts_);
+    frame->Caret.SetOffset(offset);
 }
 
 void QuorvaleBox::OffsetToRowCol(std::int32_t& o, std::int32_t& r, std::int32_t* c) {

@@ -7,7 +7,11 @@
 namespace quorvale {
 
 void Shell::ToolbarClicked(const std::u16string& key) {
-    if (key == u"Grid") {
+    if (key == u"Find") {
+        parts_.Find.FindNext();
+    } else if (key == u"Ln") {
+        parts_.GoToLine.Go();
+    } else if (key == u"Grid") {
         GridClicked();
     } else if (key == u"Collapsed") {
         parts_.Elements.mnuCollapse.PopUp(0, parts_.Elements.tbMore.Height());
@@ -15,6 +19,19 @@ void Shell::ToolbarClicked(const std::u16string& key) {
         parts_.Elements.mnuPopup.PopUp(0, parts_.Elements.tbMore.Height());
     } else if (!key.empty() && key.front() == u'.') {
         RaiseButtonClick(key.substr(1));
+    }
+}
+
+void Shell::ToolbarMenuClicked(const std::u16string& button, const std::u16string& item) {
+    if (button != u"Find") return;
+    if (item == u"Next") {
+        parts_.Find.FindNext();
+    } else if (item == u"All") {
+        parts_.FindAll.Run(LineQuery::Kind::Plain);
+    } else if (item == u"WildAll") {
+        parts_.FindAll.Run(LineQuery::Kind::Wildcard);
+    } else if (item == u"Recent") {
+        parts_.FoundList.Show();
     }
 }
 

@@ -16,6 +16,9 @@ public:
     /// Routes a click by the button's key; buttons that only open a box or print do nothing.
     void ToolbarClicked(const std::u16string& key);
 
+    /// Routes an entry of the "Find" button's menu; other buttons have none.
+    void ToolbarMenuClicked(const std::u16string& button, const std::u16string& item);
+
     /// Shows or hides the toolbar; the rows move with its edge.
     void ToggleToolbar();
 

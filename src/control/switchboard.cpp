@@ -64,6 +64,19 @@ void Switchboard::LoadAgain(const std::u16string& name, const std::u16string& pa
 }
 
 bool Switchboard::MayCommit() { return parts_.HostCorrections.MayCommit(); }
+void Switchboard::SetOffset(std::int32_t position) { parts_.Caret.SetOffset(position); }
+
+void Switchboard::LoadFile(const std::u16string& fileName) { parts_.Loading.LoadFile(fileName); }
+
+void Switchboard::BoxFocusChanged(FocusChild, bool) {}
+
+void Switchboard::SearchEnded(FindOutcome outcome) { parts_.SearchExtras.Tell(outcome); }
+
+bool Switchboard::HasEnded() const { return parts_.Ended; }
+
+bool Switchboard::SearchGoesOn(const SearchPlace& place) {
+    return parts_.Services.Progress == nullptr || parts_.Services.Progress->GoOn(place);
+}
 
 bool Switchboard::UserMode() const { return parts_.Services.Site->UserMode(); }
 
@@ -101,6 +114,11 @@ void Switchboard::RaiseImageClick(Line line) {
 
 void Switchboard::RaiseKeyDown(std::int16_t keyCode, std::int16_t shift) {
     parts_.Events.Raise([&](QuorvaleBoxEvents& events) { events.KeyDown(keyCode, shift); });
+}
+
+void Switchboard::RaiseBeforeFileChange(const std::u16string& fileName, bool& changed) {
+    parts_.Events.Raise(
+        [&](QuorvaleBoxEvents& events) { events.BeforeFileChange(fileName, changed); });
 }
 
 void Switchboard::RaiseKeyUp(std::int16_t keyCode, std::int16_t shift) {

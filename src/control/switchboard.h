@@ -13,6 +13,10 @@
 #include "navigation/row_mouse.h"
 #include "navigation/row_shift.h"
 #include "navigation/scrolling.h"
+#include "search/find.h"
+#include "search/find_all.h"
+#include "search/go_to_line.h"
+#include "search/picking.h"
 #include "view/editor_place.h"
 #include "view/fresh_view.h"
 #include "view/layout.h"
@@ -42,7 +46,11 @@ class Switchboard final : public LoadingPeers,
                           public CorrectionMarksPeers,
                           public LineEditorPeers,
                           public CorrectionWalkPeers,
-                          public CommitPeers {
+                          public CommitPeers,
+                          public FindPeers,
+                          public FindAllPeers,
+                          public PickingPeers,
+                          public GoToLinePeers {
 public:
     explicit Switchboard(ControlParts& parts) : parts_(parts) {}
 
@@ -72,6 +80,12 @@ public:
     void ExpandAt(Line line) override;
     void OpenAround(Line line) override;
 
+    // Search.
+    void SetOffset(std::int32_t position) override;
+    void LoadFile(const std::u16string& fileName) override;
+    void BoxFocusChanged(FocusChild box, bool entered) override;
+    void SearchEnded(FindOutcome outcome) override;
+
     // Corrections.
     void CloseEdit() override;
     void CloseJournal() override;
@@ -81,6 +95,8 @@ public:
     void LoadAgain(const std::u16string& name, const std::u16string& path) override;
 
     // The host.
+    bool HasEnded() const override;
+    bool SearchGoesOn(const SearchPlace& place) override;
     bool UserMode() const override;
     bool MayCommit() override;
     void ReportTextChanged() override;
@@ -92,6 +108,7 @@ public:
     void RaiseImageClick(Line line) override;
     void RaiseKeyDown(std::int16_t keyCode, std::int16_t shift) override;
     void RaiseKeyUp(std::int16_t keyCode, std::int16_t shift) override;
+    void RaiseBeforeFileChange(const std::u16string& fileName, bool& changed) override;
 
 private:
     ControlParts& parts_;

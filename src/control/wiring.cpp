@@ -4,6 +4,7 @@
 
 #include "control/control_parts.h"
 #include "control/frame.h"
+#include "platform/keys.h"
 
 namespace quorvale {
 
@@ -32,6 +33,49 @@ void WireBarsAndTools(ControlParts& parts) {
     surface.cmdMore.OnClick = Handler(parts, [](P& p) { p.Shell.ToggleToolbar(); });
     surface.mnuCollapse.OnPick =
         Handler(parts, [](P& p, const std::u16string& key) { p.Glyphs.MenuPicked(key); });
+}
+
+/// The same for a key of one element, which the action may swallow.
+template <class Action>
+auto KeyHandler(ControlParts& parts, Action action) {
+    return [&parts, action](std::int16_t& key, std::int16_t) {
+        RunUserAction(parts, [&] { action(parts, key); });
+    };
+}
+
+void SearchBoxChanged(ControlParts& parts) {
+    // A host that sets the text hears of a failure as little as a user who types does.
+    if (!Trapped([&] { parts.Find.TextChanged(); })) ShowWhatIs(Frame(parts.shared_from_this()));
+}
+
+void FocusGot(ControlParts& parts, FocusChild child) {
+    parts.MarkerBlink.ChildGotFocus(child);
+    if (child == FocusChild::SearchBox) parts.Find.BoxGotFocus();
+    if (child == FocusChild::LineBox) parts.GoToLine.BoxGotFocus();
+}
+
+void FocusLost(ControlParts& parts, FocusChild child) {
+    parts.MarkerBlink.ChildLostFocus(child);
+    if (child == FocusChild::SearchBox) parts.Find.BoxLostFocus();
+    if (child == FocusChild::LineBox) parts.GoToLine.BoxLostFocus();
+}
+
+void WireSearch(ControlParts& parts) {
+    using P = ControlParts;
+    Surface& surface = parts.Elements;
+    surface.tbMore.OnMenuClick =
+        Handler(parts, [](P& p, const std::u16string& button, const std::u16string& item) {
+            p.Shell.ToolbarMenuClicked(button, item);
+        });
+    surface.txtSearch.OnChange = Handler(parts, SearchBoxChanged);
+    surface.txtSearch.OnKeyDown = KeyHandler(parts, [](P& p, auto& key) { p.Find.KeyDown(key); });
+    surface.txtLn.OnKeyDown = KeyHandler(parts, [](P& p, auto& key) {
+        if (key != key_code::Return) return;
+        key = 0;
+        p.Shell.ToolbarClicked(u"Ln");
+    });
+    surface.lvFound.OnActivate = Handler(parts, [](P& p) { p.Picking.PickSelected(); });
+    surface.lvFound.OnKeyDown = KeyHandler(parts, [](P& p, auto& key) { p.Picking.KeyDown(key); });
 }
 
 void WireMouse(ControlParts& parts) {
@@ -68,10 +112,8 @@ void WireKeysAndFocus(ControlParts& parts) {
         parts, [](P& p, std::int16_t key, std::int16_t shift) { p.Keyboard.KeyUp(key, shift); });
     surface.OnEnter = Handler(parts, [](P& p) { p.MarkerBlink.Entered(); });
     surface.OnExit = Handler(parts, [](P& p) { p.MarkerBlink.Exited(); });
-    surface.Focus.OnGot =
-        Handler(parts, [](P& p, FocusChild child) { p.MarkerBlink.ChildGotFocus(child); });
-    surface.Focus.OnLost =
-        Handler(parts, [](P& p, FocusChild child) { p.MarkerBlink.ChildLostFocus(child); });
+    surface.Focus.OnGot = Handler(parts, FocusGot);
+    surface.Focus.OnLost = Handler(parts, FocusLost);
     surface.tmrImage.OnTick = Handler(parts, [](P& p) { p.MarkerBlink.Ticked(); });
 }
 
@@ -91,6 +133,7 @@ void WireCorrections(ControlParts& parts) {
 
 void WireHandlers(ControlParts& parts) {
     WireBarsAndTools(parts);
+    WireSearch(parts);
     WireMouse(parts);
     WireKeysAndFocus(parts);
     WireCorrections(parts);

@@ -16,9 +16,12 @@ HeadlessBox::HeadlessBox(HeadlessSetup setup) {
     services.Memory = setup.Memory ? setup.Memory : std::make_shared<PlainMemory>();
     services.Site = site_;
     services.Messages = messages_;
+    services.Case = setup.Case;
+    services.Progress = setup.Progress;
     services.LanguageId = setup.LanguageId;
     box_ = std::make_unique<QuorvaleBox>(std::move(services), std::move(setup.Options));
     box_->SetEvents(&log_);
+    Elements().Focus.OnRequest = [this](FocusChild child) { return CanHaveFocus(child); };
     box_->InitProperties();
     Resize(setup.Width, setup.Height);
     box_->Show();
@@ -69,9 +72,56 @@ void HeadlessBox::EnterText() {
     if (!Destroyed()) Elements().Focus.UserMovesTo(FocusChild::TextArea);
 }
 
+void HeadlessBox::FocusOn(FocusChild child) {
+    if (Elements().Focus.Active() == FocusChild::None) {
+        const auto enter = Elements().OnEnter;
+        enter();
+    }
+    if (!Destroyed()) Elements().Focus.UserMovesTo(child);
+}
+
+/// What is hidden cannot have the keyboard.
+bool HeadlessBox::CanHaveFocus(FocusChild child) {
+    if (Destroyed()) return false;
+    const bool inToolbar = child == FocusChild::SearchBox || child == FocusChild::LineBox;
+    if (inToolbar) return Elements().tbMore.Visible();
+    return child != FocusChild::FoundList || Elements().lvFound.Visible();
+}
+
+TextBox* HeadlessBox::BoxWithFocus() {
+    switch (Elements().Focus.Active()) {
+        case FocusChild::SearchBox:
+            return &Elements().txtSearch;
+        case FocusChild::LineBox:
+            return &Elements().txtLn;
+        case FocusChild::Editor:
+            return &Elements().rtbEdit;
+        default:
+            return nullptr;
+    }
+}
+
+void HeadlessBox::Type(std::u16string_view text) {
+    for (const char16_t unit : text) {
+        TextBox* const box = Destroyed() ? nullptr : BoxWithFocus();
+        if (box == nullptr) return;
+        box->SetText(box->Text() + unit);
+    }
+}
+
+void HeadlessBox::PressInChild(std::int16_t keyCode, std::int16_t shift) {
+    if (Elements().Focus.Active() == FocusChild::FoundList) {
+        Elements().lvFound.UserKey(keyCode, shift);
+    } else if (TextBox* const box = BoxWithFocus()) {
+        const auto down = box->OnKeyDown;
+        if (down) down(keyCode, shift);
+    }
+}
+
 void HeadlessBox::Press(std::int16_t keyCode, std::int16_t shift) {
     const auto down = Elements().OnKeyDown;
     down(keyCode, shift);
+    if (!Destroyed()) PressInChild(keyCode, shift);
     if (Destroyed()) return;
     const auto up = Elements().OnKeyUp;
     up(keyCode, shift);

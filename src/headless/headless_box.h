@@ -4,6 +4,7 @@
 #include <initializer_list>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "control/quorvale_box.h"
@@ -26,6 +27,9 @@ struct HeadlessSetup {
     std::shared_ptr<FileSystem> Files;
     std::shared_ptr<XmlService> Xml;
     std::shared_ptr<BlockMemory> Memory;
+    /// Null for Unicode's rules of case, and for nobody who hears of long searches.
+    std::shared_ptr<CaseRules> Case;
+    std::shared_ptr<SearchProgress> Progress;
 };
 
 /// A whole control without a window, for tests: fixed text measures, files in memory, a clock that
@@ -70,6 +74,10 @@ public:
     void TurnWheel(int rows);
     /// The keyboard comes to the control's text.
     void EnterText();
+    /// The keyboard comes to another element of the control.
+    void FocusOn(FocusChild child);
+    /// Puts characters behind what stands in the box that has the keyboard, one after the other.
+    void Type(std::u16string_view text);
     /// A key goes down and up again, wherever the keyboard is in the control.
     void Press(std::int16_t keyCode, std::int16_t shift = 0);
     /// The mouse on a row, with places relative to the row's label. After a press the pressed row
@@ -94,6 +102,10 @@ public:
     void TickTimer() { Elements().tmrImage.Tick(); }
 
 private:
+    TextBox* BoxWithFocus();
+    bool CanHaveFocus(FocusChild child);
+    void PressInChild(std::int16_t keyCode, std::int16_t shift);
+
     std::shared_ptr<FixedMetrics> metrics_ = std::make_shared<FixedMetrics>();
     std::shared_ptr<MemoryFiles> files_ = std::make_shared<MemoryFiles>();
     std::shared_ptr<HeadlessContainer> site_ = std::make_shared<HeadlessContainer>();

@@ -5,6 +5,7 @@
 
 #include "base/integers.h"
 #include "base/numbers_in_text.h"
+#include "document/positions.h"
 #include "document/visible_lines.h"
 #include "state/slot_lines.h"
 
@@ -31,6 +32,13 @@ void Caret::SetRow(Line row) {
 void Caret::SetCol(std::int32_t col) { MoveTo(navigation_.CaretRow, col); }
 
 void Caret::MoveTo(Line row, std::int32_t col) { RevealAndPlace(row, col, navigation_.DesiredX); }
+
+void Caret::SetOffset(std::int32_t position) {
+    position = std::max(position, 1);
+    if (position >= document_.Text.Length()) return MoveTo(document_.Sentinel() + 1, 1);
+    const RowCol place = PlaceBehind(document_, position);
+    MoveTo(place.Row, place.Col);
+}
 
 // A host that hears of the scrolling may put another document in place: the line is none of its.
 // Or it folds the line away again: then the caret goes to the nearest one that is shown.

@@ -46,6 +46,9 @@ public:
     void SetRow(Line row);
     void SetCol(std::int32_t col);
     void MoveTo(Line row, std::int32_t col);
+    /// Moves it behind the unit at a 1-based position of the text; below 1 that is the first. From
+    /// the last unit on it goes to the start of the last line.
+    void SetOffset(std::int32_t position);
     /// Selects rows from the caret on; the anchor stays. Overflow, and nothing changes, when the
     /// range leaves 32 bits.
     void SetSelectedRowsCount(std::int32_t count);

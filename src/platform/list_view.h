@@ -1,27 +1,101 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/simple_elements.h"
 
 namespace quorvale {
 
-/// A list in report mode: three columns with headers.
+/// What a list shows. A row is asked for only when it is seen or used, so ten million rows need not
+/// be ten million texts. Rows and columns count from 0; rows never change, but more may come.
+class ListRows {
+public:
+    virtual ~ListRows() = default;
+
+    virtual std::size_t Count() const = 0;
+
+    /// The text of one of the three columns, no more than its first `most` units.
+    virtual std::u16string Cell(std::size_t row, std::size_t column, std::size_t most) const = 0;
+
+    /// What the core keeps with the row.
+    virtual std::u16string Tag(std::size_t) const { return {}; }
+
+    /// Key of the small picture in front of the row; empty for none.
+    virtual std::u16string SmallIcon(std::size_t) const { return {}; }
+
+    virtual bool IsBold(std::size_t) const { return false; }
+};
+
+/// A list in report mode: three columns with headers, and rows of which at most one is selected.
+/// Nothing is selected by itself. A list that is hidden or disabled refuses what a user does.
 class ListView : public PaintedElement {
 public:
     using PaintedElement::PaintedElement;
 
-    const std::array<std::u16string, 3>& Headers() const { return headers_; }
+    static constexpr std::size_t Columns = 3;
+    static constexpr std::size_t WholeText = static_cast<std::size_t>(-1);
+
+    /// The user has picked the selected row by a double click on it.
+    std::function<void()> OnActivate;
+    /// A key that does not move the selection goes down; setting the code to 0 swallows it.
+    std::function<void(std::int16_t& keyCode, std::int16_t shift)> OnKeyDown;
+
+    const std::array<std::u16string, Columns>& Headers() const { return headers_; }
     void SetHeader(std::size_t column, std::u16string text) {
         Assign(headers_.at(column), std::move(text), "Header");
     }
 
+    /// Replaces all rows; null for none. Nothing is selected then.
+    void SetRows(std::shared_ptr<const ListRows> rows);
+    void Clear() { SetRows(nullptr); }
+    /// The rows have become more.
+    void NoteMoreRows() { Touch("Rows"); }
+
+    const std::shared_ptr<const ListRows>& Rows() const { return rows_; }
+    std::size_t RowCount() const { return rows_ ? rows_->Count() : 0; }
+
+    /// What a row shows and keeps; empty where there is no such row.
+    std::u16string Cell(std::size_t row, std::size_t column, std::size_t most = WholeText) const;
+    std::u16string RowTag(std::size_t row) const;
+    std::u16string SmallIcon(std::size_t row) const;
+    bool IsBold(std::size_t row) const;
+
+    const std::optional<std::size_t>& Selected() const { return selected_; }
+    /// Nothing happens where there is no such row.
+    void Select(std::size_t row);
+
+    /// Asks for the list to be scrolled until the row is seen.
+    void EnsureVisible(std::size_t row);
+    /// The row that was asked for last; none since the rows were replaced.
+    const std::optional<std::size_t>& EnsuredRow() const { return ensured_; }
+
     /// Lays the list over the control's other elements.
     void BringToFront() { Touch("Order"); }
 
+    // What a user does.
+
+    void UserClick(std::size_t row);
+    void UserDoubleClick(std::size_t row);
+    /// Where no row is.
+    void UserDoubleClickBeside() {}
+    /// The keys up, down, Home and End move the selection. Returns the code as the handler left it.
+    std::int16_t UserKey(std::int16_t keyCode, std::int16_t shift);
+
 private:
-    std::array<std::u16string, 3> headers_;
+    bool Answers() const { return Visible() && Enabled(); }
+    bool MoveSelection(std::int16_t keyCode);
+
+    std::array<std::u16string, Columns> headers_;
+    std::shared_ptr<const ListRows> rows_;
+    std::optional<std::size_t> selected_;
+    std::optional<std::size_t> ensured_;
 };
 
 }  // namespace quorvale

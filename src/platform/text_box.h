@@ -24,7 +24,9 @@ public:
     void SetText(std::u16string text) {
         if (!Assign(text_, std::move(text), "Text")) return;
         KeepSelectionWithinText(selStart_, selLength_);
-        if (OnChange) OnChange();
+        // It may end the control, and this box with it.
+        const auto changed = OnChange;
+        if (changed) changed();
     }
 
     /// Where the insertion point stands and how much is selected from there, in UTF-16 units.

@@ -21,10 +21,19 @@ struct FocusMoves : testing::Test {
     HeadlessBox box;
 };
 
-TEST_F(FocusMoves, TheMarkerBlinksWhileTheTextHasTheKeyboardAndStandsStillOtherwise) {
+TEST_F(FocusMoves, TheMarkerBlinksOnWhileABoxOfTheToolbarHasTheKeyboard) {
+    for (const FocusChild child : {FocusChild::SearchBox, FocusChild::LineBox}) {
+        Keyboard().UserMovesTo(FocusChild::TextArea);
+        Keyboard().UserMovesTo(child);
+        EXPECT_TRUE(Blink().Enabled());
+        EXPECT_TRUE(Marker().Visible());
+    }
+}
+
+TEST_F(FocusMoves, TheMarkerStandsStillWhileTheResultsListHasTheKeyboard) {
     EXPECT_TRUE(Blink().Enabled());
     Marker().SetVisible(false);
-    Keyboard().UserMovesTo(FocusChild::SearchBox);
+    Keyboard().UserMovesTo(FocusChild::FoundList);
     EXPECT_FALSE(Blink().Enabled());
     EXPECT_TRUE(Marker().Visible());
     Keyboard().UserMovesTo(FocusChild::TextArea);

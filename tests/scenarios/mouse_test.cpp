@@ -196,13 +196,13 @@ TEST_F(Mouse, ARightPressOnASelectionLeavesMarkerTimerAndTheLastPressAsTheyAre) 
     box.MousePress(4, {left, 0, 300, 100});
     box.MouseRelease(4, {left, 0, 300, 100});
     box->SelectedRowsCount(3);
-    box.Elements().Focus.UserMovesTo(FocusChild::SearchBox);
+    box.Elements().Focus.UserMovesTo(FocusChild::FoundList);
     ASSERT_TRUE(Marker().Visible());
     ASSERT_FALSE(Blink().Enabled());
     box.MousePress(20, {right, 0, 0, 5});
     EXPECT_TRUE(Marker().Visible());
     EXPECT_FALSE(Blink().Enabled());
-    EXPECT_EQ(box.Elements().Focus.Active(), FocusChild::SearchBox);
+    EXPECT_EQ(box.Elements().Focus.Active(), FocusChild::FoundList);
     box.MouseMove(4, {left, 0, 300, 340});
     EXPECT_EQ(Selected(), -2) << "dragged from the first press, not from the left edge";
 }

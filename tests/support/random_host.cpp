@@ -290,6 +290,8 @@ void RandomHost::ChangeFont() {
 void RandomHost::UseBoxes() {
     switch (chance_.Number(0, 3)) {
         case 0:
+            // What is in the box is looked for at once.
+            box_.FoldsAreUnknown();
             return box_.Host("SearchText", [&] { box_->SearchText(u"needle"); });
         case 1:
             return box_.Host("SearchFiles", [&] { box_->SearchFiles(u"/a\r/b"); });

@@ -217,6 +217,8 @@ void RandomUser::UseKeys() {
     if (choice < 16) {
         PressKey();
     } else if (choice < 18) {
+        // Some find on, or go to a line.
+        box_.FoldsAreUnknown();
         box_.User(
             "other key", [&](auto k) { box_.Box().Press(k, 1); }, key);
     } else {
@@ -327,6 +329,8 @@ void RandomUser::UseToolbar() {
                                                u"Grid", u"Print", u".Mine"};
     Surface& surface = box_.Elements();
     const std::u16string key = chance_.OneOf(keys);
+    // What is found, or gone to, may lie in a fold.
+    box_.FoldsAreUnknown();
     switch (chance_.Number(0, 3)) {
         case 0:
             return box_.User("toolbar's switch", [&] { surface.cmdMore.UserClick(); });
@@ -349,6 +353,8 @@ void RandomUser::TypeIntoBoxes() {
     const std::u16string text = chance_.OneOf(typed);
     TextBox& into = chance_.OneIn(2) ? surface.txtLn : surface.txtSearch;
     const std::int16_t key = chance_.OneIn(2) ? key_code::Return : key_code::Backspace;
+    // What is typed into the search box is looked for at once, and found inside folds too.
+    box_.FoldsAreUnknown();
     box_.User("type", [&] {
         into.SetText(text);
         into.UserKey(key, 0);
