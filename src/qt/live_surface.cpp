@@ -20,6 +20,7 @@ LiveSurface::LiveSurface(ControlLinkPtr link, std::shared_ptr<FontFaces> faces, 
       horizontal_(new BarMirror(Qt::Horizontal, &Surface::scrHorz, link_, *rows_, &control)),
       more_(new QToolButton(&control)),
       editor_(new EditorMirror(link_, &control)),
+      results_(new ListMirror(link_, &control)),
       focus_(link_, control),
       announcer_(*rows_) {
     rows_->setObjectName("rows");
@@ -54,6 +55,7 @@ void LiveSurface::wireElements(QWidget& control) {
     focus_.add(FocusChild::SearchBox, tools_->searchBox());
     focus_.add(FocusChild::LineBox, tools_->lineBox());
     focus_.add(FocusChild::Editor, editor_);
+    focus_.add(FocusChild::FoundList, results_);
     const QPointer<LiveSurface> alive(this);
     link_->box()->Elements().Focus.OnRequest = [alive](FocusChild child) {
         return alive != nullptr && alive->moveFocus(child);
@@ -62,10 +64,13 @@ void LiveSurface::wireElements(QWidget& control) {
     wireMenu(&Surface::mnuCollapse, control);
 }
 
-// An editor that has just been opened must be on the screen before it can have the focus.
+// An editor or a list that has just been opened must be on the screen before it can have the focus.
 bool LiveSurface::moveFocus(FocusChild child) {
     if (child == FocusChild::Editor && link_->box() != nullptr) {
         editor_->mirror(link_->box()->Elements(), inner_.topLeft());
+    }
+    if (child == FocusChild::FoundList && link_->box() != nullptr) {
+        results_->mirror(link_->box()->Elements(), inner_.topLeft());
     }
     return focus_.request(child);
 }
@@ -87,6 +92,7 @@ unsigned LiveSurface::changeOf(const Element& element) const {
     if (&element == &surface.imgMarker) return Marker;
     if (&element == &surface.tmrImage) return Blinking;
     if (&element == &surface.rtbEdit) return Editor;
+    if (&element == &surface.lvFound) return Results;
     for (const Element* ofFrame : {static_cast<const Element*>(&surface.scrVert),
                                    static_cast<const Element*>(&surface.scrHorz),
                                    static_cast<const Element*>(&surface.tbMore),
@@ -144,6 +150,7 @@ void LiveSurface::showChanges() {
     if (changes & Marker) showMarker(surface);
     // The editor lies over the rows and ends above the bar.
     if (changes & (Editor | Frame)) editor_->mirror(surface, inner_.topLeft());
+    if (changes & (Results | Frame)) results_->mirror(surface, inner_.topLeft());
     const QPointer<LiveSurface> alive(this);
     emit changesShown();
     // Whoever listens may destroy the control.

@@ -11,6 +11,7 @@
 #include "qt/control_link.h"
 #include "qt/editor_mirror.h"
 #include "qt/focus_bridge.h"
+#include "qt/list_mirror.h"
 #include "qt/row_announcer.h"
 #include "qt/rows_area.h"
 #include "qt/tool_strip.h"
@@ -40,6 +41,7 @@ public:
     BarMirror& horizontalBar() { return *horizontal_; }
     QToolButton& moreButton() { return *more_; }
     EditorMirror& editor() { return *editor_; }
+    ListMirror& results() { return *results_; }
     const RowAnnouncer& announcer() const { return announcer_; }
 
 signals:
@@ -47,7 +49,14 @@ signals:
 
 private:
     /// What is to be shown again.
-    enum Change : unsigned { Rows = 1, Frame = 2, Marker = 4, Blinking = 8, Editor = 16 };
+    enum Change : unsigned {
+        Rows = 1,
+        Frame = 2,
+        Marker = 4,
+        Blinking = 8,
+        Editor = 16,
+        Results = 32
+    };
 
     void Setting(const Element& element, std::string_view property) override;
     unsigned changeOf(const Element& element) const;
@@ -71,6 +80,7 @@ private:
     BarMirror* horizontal_;
     QToolButton* more_;
     EditorMirror* editor_;
+    ListMirror* results_;
     FocusBridge focus_;
     RowAnnouncer announcer_;
     QTimer blinking_;
