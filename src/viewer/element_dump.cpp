@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <QStatusBar>
 #include <QToolTip>
 
 #include "control/host_corrections.h"
@@ -90,6 +91,10 @@ QByteArray dumpElements(ViewerWindow& window) {
     // How far the control lies below the top of the window.
     dump["above"] = control.mapTo(control.window(), QPoint()).y();
     dump["status"] = window.statusText();
+    dump["message"] = window.statusBar()->currentMessage();
+    if (elements.lvFound.Visible()) {
+        dump["results"] = static_cast<int>(elements.lvFound.RowCount());
+    }
     if (QToolTip::isVisible()) dump["tip"] = QToolTip::text();
     dump["rows"] = rowsOf(elements);
     return QJsonDocument(dump).toJson();

@@ -23,6 +23,7 @@
 #include "viewer/document_lock.h"
 #include "viewer/edit_menu.h"
 #include "viewer/open_check.h"
+#include "viewer/search_menu.h"
 #include "viewer/view_menu.h"
 
 namespace quorvale {
@@ -98,6 +99,7 @@ void ViewerWindow::renewControl() {
     setCentralWidget(control_);
     control_->setFocus();
     edit_->applyTo(*control_, *copying_);
+    search_->setControl(*control_);
     view_->setControl(*control_);
 }
 
@@ -124,6 +126,8 @@ void ViewerWindow::setUp(QuorvaleBoxWidget& control) {
 void ViewerWindow::makeMenus() {
     makeFileMenu();
     edit_ = new EditMenu(*menuBar()->addMenu(tr("&Edit")));
+    search_ = new SearchMenu(*menuBar()->addMenu(tr("&Search")));
+    connect(search_, &SearchMenu::told, this, &ViewerWindow::tellBriefly);
     view_ = new ViewMenu(*menuBar()->addMenu(tr("&View")));
     connect(view_, &ViewMenu::told, this, &ViewerWindow::tellBriefly);
 }

@@ -16,6 +16,7 @@ class DocumentGuard;
 class DocumentLock;
 class EditMenu;
 class RowCopying;
+class SearchMenu;
 class ViewMenu;
 
 /// The viewer's window: one file in a control of its own, menus and a status bar. Files can be
@@ -72,6 +73,7 @@ private:
     DocumentGuard* guard_ = nullptr;
     std::unique_ptr<DocumentLock> lock_;
     EditMenu* edit_ = nullptr;
+    SearchMenu* search_ = nullptr;
     ViewMenu* view_ = nullptr;
     QLabel* pending_ = nullptr;
     QTimer pendingTimer_;

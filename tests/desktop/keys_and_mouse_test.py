@@ -87,6 +87,40 @@ class KeysAndMouse(ViewerCase):
         self.until("seven rows", lambda shown: shown["selected"] == -7)
         self.assertEqual(self.highlighted(), list(range(3, 10)))
 
+    def test_a_text_is_found_while_it_is_typed_and_again(self):
+        self.press("ctrl+f")
+        self.until("the search box", lambda shown: shown["focus"] == "search")
+        tool("xdotool", "type", "line 42")
+        self.until("line 42", lambda shown: shown["row"] == 42)
+        self.press("F3")
+        self.until("line 420", lambda shown: shown["row"] == 420)
+        self.press("shift+F3")
+        self.until("line 42 again", lambda shown: shown["row"] == 42)
+        self.press("shift+F3")
+        self.until("the word of it", lambda shown: "other end" in self.message())
+
+    def message(self):
+        return self.shown().get("message", "")
+
+    def test_all_matches_are_listed_and_picked_with_the_keys(self):
+        self.press("ctrl+f")
+        self.until("the search box", lambda shown: shown["focus"] == "search")
+        tool("xdotool", "type", "line 99")
+        self.press("ctrl+shift+f")
+        self.until("the list", lambda shown: shown.get("results", 0) == 13)
+        # The first of them is where the typing went to, and is selected.
+        self.press("F4")
+        self.until("the second", lambda shown: shown["row"] == 990)
+        self.press("shift+F4")
+        self.until("the first", lambda shown: shown["row"] == 99)
+
+    def test_a_line_is_gone_to_by_its_number(self):
+        self.press("ctrl+g")
+        self.until("the line box", lambda shown: shown["focus"] == "line")
+        tool("xdotool", "type", "4321")
+        self.press("Return")
+        self.until("line 4321", lambda shown: shown["row"] == 4321)
+
     def test_the_selected_rows_are_copied(self):
         self.go_to(2)
         self.press("shift+Down", "ctrl+c")

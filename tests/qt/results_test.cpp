@@ -1,0 +1,101 @@
+#include <QHeaderView>
+#include <QTest>
+
+#include "shown_box.h"
+
+using namespace quorvale;
+using quorvale::test::ShownBox;
+
+/// The list of results as a real list: what a search finds, picked with mouse and keys.
+class ResultsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void findingAllFillsTheList();
+    void aClickSelectsAndADoubleClickGoesThere();
+    void keysMoveTheSelectionAndPick();
+    void aPageIsAPageOfTheList();
+    void escapeClosesTheList();
+    void anotherSearchReplacesTheRows();
+
+private:
+    void findAll(const QString& text);
+    ListMirror& list() { return shown_->live().results(); }
+    QPoint placeOf(int row) { return list().visualRect(list().model()->index(row, 0)).center(); }
+
+    std::unique_ptr<ShownBox> shown_;
+};
+
+void ResultsTest::init() {
+    shown_ = std::make_unique<ShownBox>();
+    shown_->loadLines(3000);
+}
+
+void ResultsTest::findAll(const QString& text) {
+    constexpr std::size_t all = 1;
+    shown_->elements().txtSearch.SetText(toUtf16(text));
+    shown_->elements().tbMore.UserMenuClick(u"Find", all);
+    shown_->settle();
+}
+
+void ResultsTest::findingAllFillsTheList() {
+    findAll("row 1");
+    QVERIFY(list().isVisible());
+    // What was searched for, then 1, 10 to 19, 100 to 199, 1000 to 1999, and how many there are.
+    QCOMPARE(list().model()->rowCount(), 1 + 1111 + 1);
+    QCOMPARE(list().model()->index(2, 1).data().toString().trimmed(), QString("10"));
+    QCOMPARE(list().model()->index(2, 2).data().toString(), QString("row 10"));
+    QVERIFY(!list().header()->model()->headerData(0, Qt::Horizontal).toString().isEmpty());
+}
+
+void ResultsTest::aClickSelectsAndADoubleClickGoesThere() {
+    findAll("row 1");
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, placeOf(3));
+    shown_->settle();
+    QCOMPARE(list().currentIndex().row(), 3);
+    QCOMPARE(*shown_->elements().lvFound.Selected(), std::size_t{3});
+    QTest::mouseDClick(list().viewport(), Qt::LeftButton, {}, placeOf(3));
+    QCOMPARE(shown_->box().row(), 11);
+}
+
+void ResultsTest::keysMoveTheSelectionAndPick() {
+    findAll("row 1");
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, placeOf(0));
+    QTest::keyClick(&list(), Qt::Key_Down);
+    QTest::keyClick(&list(), Qt::Key_Down);
+    shown_->settle();
+    QCOMPARE(list().currentIndex().row(), 2);
+    QTest::keyClick(&list(), Qt::Key_Return);
+    QCOMPARE(shown_->box().row(), 10);
+}
+
+void ResultsTest::aPageIsAPageOfTheList() {
+    findAll("row 1");
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, placeOf(0));
+    shown_->settle();
+    QTest::keyClick(&list(), Qt::Key_PageDown);
+    shown_->settle();
+    QVERIFY(list().currentIndex().row() > 3);
+    QCOMPARE(static_cast<int>(*shown_->elements().lvFound.Selected()), list().currentIndex().row());
+}
+
+void ResultsTest::escapeClosesTheList() {
+    findAll("row 1");
+    QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, placeOf(0));
+    QTest::keyClick(&list(), Qt::Key_Escape);
+    shown_->settle();
+    QVERIFY(!list().isVisible());
+}
+
+void ResultsTest::anotherSearchReplacesTheRows() {
+    findAll("row 1");
+    findAll("row 29");
+    QCOMPARE(list().model()->rowCount(), 1 + 111 + 1);
+    QCOMPARE(list().model()->index(1, 2).data().toString(), QString("row 29"));
+    findAll("nowhere");
+    QCOMPARE(list().model()->rowCount(), 1);
+}
+
+QTEST_MAIN(ResultsTest)
+#include "results_test.moc"
