@@ -14,6 +14,8 @@ struct Scene {
     std::function<void(Workshop&)> Arrange;
 };
 
+void PrintTo(const Scene& scene, std::ostream* out) { *out << scene.Name; }
+
 void WithoutExchange(Workshop& shop) {
     shop.Calls.Refuse = [](std::string_view call, std::string_view, unsigned flags) {
         return call == "rename" && flags != 0 ? ENOSYS : 0;
