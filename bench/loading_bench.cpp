@@ -25,12 +25,15 @@
 #include "adapters/posix_files.h"
 #include "document/text_loading.h"
 #include "log_file.h"
+#include "timing.h"
 
 extern char** environ;
 
 namespace {
 
 using namespace quorvale;
+using bench::Median;
+using bench::ProcessorTime;
 using Advice = HugePageMemory::Advice;
 
 constexpr int rounds = 5;
@@ -64,24 +67,6 @@ double OwnMemory(const char* file, const std::string& name) {
 
 bool ResetPeak() {
     return static_cast<bool>(std::ofstream("/proc/self/clear_refs") << 5 << std::flush);
-}
-
-/// Milliseconds of processor time that this process and its children that ended have used.
-double ProcessorTime() {
-    double sum = 0;
-    for (const auto who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
-        rusage usage{};
-        getrusage(who, &usage);
-        for (const timeval& time : {usage.ru_utime, usage.ru_stime}) {
-            sum += static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
-        }
-    }
-    return sum;
-}
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
 }
 
 /// Memory that was used before and is handed out again and again: what is left of reading without

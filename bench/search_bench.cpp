@@ -34,12 +34,15 @@
 #include "log_file.h"
 #include "search/file_scan.h"
 #include "search/text_search.h"
+#include "timing.h"
 
 extern char** environ;
 
 namespace {
 
 using namespace quorvale;
+using bench::Median;
+using bench::ProcessorTime;
 using Arguments = std::vector<std::string>;
 
 constexpr int rounds = 7;
@@ -48,24 +51,6 @@ constexpr int smallFiles = 2000;
 constexpr std::uint64_t smallFileBytes = (std::uint64_t{100} << 20) / smallFiles;
 
 [[noreturn]] void Fail(const std::string& what) { throw std::runtime_error(what); }
-
-/// Milliseconds of processor time that this process and its children that ended have used.
-double ProcessorTime() {
-    double sum = 0;
-    for (const auto who : {RUSAGE_SELF, RUSAGE_CHILDREN}) {
-        rusage usage{};
-        getrusage(who, &usage);
-        for (const timeval& time : {usage.ru_utime, usage.ru_stime}) {
-            sum += static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
-        }
-    }
-    return sum;
-}
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 /// What is measured, and what has to be ready before each time.
 struct Timing {

@@ -4,6 +4,7 @@
 
 #include "control/control_parts.h"
 #include "control/frame.h"
+#include "corrections/edit_range.h"
 
 namespace quorvale {
 
@@ -50,18 +51,11 @@ std::int32_t HostExtras::TextLength() const { return parts_.Document.Text.Length
 std::uint64_t HostExtras::DocumentNumber() const { return parts_.Document.Generation; }
 
 HostExtras::LineRange HostExtras::SelectedLines() const {
-    const std::int64_t last = parts_.Document.LastLine().Number();
-    if (last < 1) return {};
-    const std::int64_t caret = parts_.Navigation.CaretRow.Number();
-    const std::int64_t count = parts_.Navigation.SelectedRowsCount;
-    std::int64_t first = caret;
-    std::int64_t end = caret;
-    if (count > 0) end = caret + count - 1;
-    if (count < 0) first = caret + count + 1;
-    // A host may have set any count.
-    first = std::clamp<std::int64_t>(first, 1, last);
-    end = std::clamp<std::int64_t>(end, 1, last);
-    return {static_cast<std::int32_t>(first), static_cast<std::int32_t>(end)};
+    const Line last = parts_.Document.LastLine();
+    if (last < Line{1}) return {};
+    const UpdateRange lines = quorvale::SelectedLines(parts_.Navigation.CaretRow,
+                                                      parts_.Navigation.SelectedRowsCount, last);
+    return {lines.Start, lines.Start + lines.Count - 1};
 }
 
 SearchExtras& HostExtras::Search() const { return parts_.SearchExtras; }
