@@ -55,14 +55,27 @@ void CopyAside(const Folder& folder, const PosixFile& source, const std::string&
     CopyInto(CreateStateFolder(folder.Context()), source, about);
 }
 
-void SaveAside(const Folder& folder, std::string_view bytes, FileNotice::Kind what,
-               const std::string& about) {
+std::string SaveAside(const Folder& folder, std::string_view bytes, FileNotice::Kind what,
+                      const std::string& about) {
     TemporaryFile copy(folder, DisplacedName(folder.Context()), 0600);
     copy.Fill(bytes);
     copy.Finish(bytes.size());
     folder.Sync();
     copy.Keep();
     folder.Context().Note(what, about, PathIn(folder, copy.Name()));
+    return copy.Name();
+}
+
+bool LiesAside(const Folder& folder, const FileDigest& digest, FileNotice::Kind what,
+               const std::string& about) {
+    for (const std::string& name : folder.List()) {
+        if (!IsDisplacedName(name)) continue;
+        const auto file = folder.OpenRegular(name);
+        if (!file || file->Digest() != digest) continue;
+        folder.Context().Note(what, about, PathIn(folder, name));
+        return true;
+    }
+    return false;
 }
 
 void Drop(const Folder& folder, const std::string& name, const std::vector<FileDigest>& ours,

@@ -17,8 +17,13 @@ bool MoveAside(const Folder& folder, const std::string& name, FileNotice::Kind w
 /// folder takes no new files.
 void CopyAside(const Folder& folder, const PosixFile& source, const std::string& about);
 
-/// Writes bytes that could not go where they should.
-void SaveAside(const Folder& folder, std::string_view bytes, FileNotice::Kind what,
+/// Writes bytes that could not go where they should. Returns the name they have now.
+std::string SaveAside(const Folder& folder, std::string_view bytes, FileNotice::Kind what,
+                      const std::string& about);
+
+/// Whether these bytes lie aside in the folder already: one copy is enough, however often it is tried
+/// to do what it was made for. The host is told of it as of a new one.
+bool LiesAside(const Folder& folder, const FileDigest& digest, FileNotice::Kind what,
                const std::string& about);
 
 /// Deletes a helping file that holds one of these contents, and moves any other one aside.

@@ -53,6 +53,10 @@ std::string DisplacedName(PosixContext& context) {
     return std::string(prefix) + "displaced-" + Now() + "-" + RandomName(context);
 }
 
+bool IsDisplacedName(std::string_view name) {
+    return name.starts_with(std::string(prefix) + "displaced-");
+}
+
 std::string RedoRecordName(PosixContext& context) {
     return RandomName(context) + std::string(redoRecordEnding);
 }

@@ -21,6 +21,7 @@ std::string CommitRecordName(const std::string& tag);
 
 /// Bytes that are nobody's to delete but the user's.
 std::string DisplacedName(PosixContext& context);
+bool IsDisplacedName(std::string_view name);
 
 inline constexpr std::string_view redoRecordEnding = ".redo";
 std::string RedoRecordName(PosixContext& context);

@@ -63,8 +63,8 @@ private:
         record.Path = job_.Document.Path();
         record.Device = seen.st_dev;
         record.Inode = seen.st_ino;
-        record.New = DigestOf(job_.NewBytes);
-        record.Journal = RecordJournal(job_.Document, job_.Site);
+        record.New = job_.NewBytes.Digest();
+        record.Journal = RecordJournal(job_.Document, job_.Site, job_.KnownJournals);
         const auto size = static_cast<std::uint64_t>(seen.st_size);
         redo_ = WriteRedo(record_, std::move(record), old, size, job_.NewBytes);
         state_.Sync();
@@ -72,8 +72,8 @@ private:
 
     /// The size comes last: until then every byte of the old content that is not overwritten stays.
     void Put(const PosixFile& document) const {
-        document.Write(job_.NewBytes, 0);
-        document.Truncate(job_.NewBytes.size());
+        document.WriteSpans(job_.NewBytes, 0);
+        document.Truncate(job_.NewBytes.Size());
         document.Sync();
     }
 

@@ -44,6 +44,15 @@ LocatedFile Locate(PosixContext& context, const std::string& path) {
     }
 }
 
+std::optional<LocatedFile> FindFile(PosixContext& context, const std::string& path) {
+    try {
+        return Locate(context, path);
+    } catch (const SystemError& error) {
+        if (!IsAbsence(error.Code())) throw;
+        return std::nullopt;
+    }
+}
+
 JournalSite SiteOf(PosixContext& context, const std::string& path) {
     SplitPath split = Split(path);
     RequireName(split.Base);
@@ -54,6 +63,19 @@ std::optional<FileDigest> DigestOfJournal(const JournalSite& site) {
     const auto journal = site.Folder.OpenRegular(site.Name);
     if (!journal) return std::nullopt;
     return journal->Digest();
+}
+
+bool IsReadOnly(const FileStatus& status) {
+    constexpr mode_t anyWriting = S_IWUSR | S_IWGRP | S_IWOTH;
+    return !S_ISLNK(status.st_mode) && (status.st_mode & anyWriting) == 0;
+}
+
+void RemoveJournal(const JournalSite& site, bool force) {
+    const auto status = force ? std::nullopt : site.Folder.Find(site.Name);
+    if (status && IsReadOnly(*status)) {
+        throw SystemError("delete", "The journal is read-only", EACCES);
+    }
+    site.Folder.Remove(site.Name);
 }
 
 }  // namespace quorvale

@@ -24,6 +24,9 @@ struct LocatedFile {
 /// Throws SystemError: for a folder that is not there, for too many links, for a name that is none.
 LocatedFile Locate(PosixContext& context, const std::string& path);
 
+/// None when there is no such file, nor a place for one.
+std::optional<LocatedFile> FindFile(PosixContext& context, const std::string& path);
+
 /// A journal's place. Links are not followed: what is at the name is what counts.
 struct JournalSite {
     quorvale::Folder Folder;
@@ -35,5 +38,11 @@ JournalSite SiteOf(PosixContext& context, const std::string& path);
 /// Tells a journal from another: its digest, or none when there is nothing that could be one.
 /// Throws SystemError when there is one that cannot be read.
 std::optional<FileDigest> DigestOfJournal(const JournalSite& site);
+
+/// Nobody may write it; the modes of a link say nothing.
+bool IsReadOnly(const FileStatus& status);
+
+/// Deletes the journal; one that cannot be written with `force` only. Throws SystemError.
+void RemoveJournal(const JournalSite& site, bool force);
 
 }  // namespace quorvale

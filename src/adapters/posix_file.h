@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "adapters/posix_calls.h"
+#include "platform/byte_spans.h"
 #include "platform/file_digest.h"
 
 namespace quorvale {
@@ -45,6 +46,7 @@ public:
     void ReadPieces(std::uint64_t from, std::uint64_t size,
                     const std::function<void(std::string_view)>& take) const;
     void Write(std::string_view bytes, std::uint64_t to) const;
+    void WriteSpans(const ByteSpans& bytes, std::uint64_t to) const;
     /// Finds room before anything is written; where the system cannot, writing will tell.
     void Reserve(std::uint64_t size) const;
     void Truncate(std::uint64_t size) const;

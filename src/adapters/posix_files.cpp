@@ -31,12 +31,6 @@ std::string ReasonAgainst(mode_t mode) {
     return "Is not a regular file";
 }
 
-/// Nothing is there, and nothing could be.
-bool IsAbsence(int code) {
-    return code == ENOENT || code == ENOTDIR || code == ELOOP || code == ENAMETOOLONG ||
-           code == EISDIR;
-}
-
 class PosixStream final : public ReadStream {
 public:
     PosixStream(PosixFile file, std::u16string name)
@@ -78,15 +72,6 @@ std::optional<JournalSite> FindSite(PosixContext& context, std::u16string_view j
     }
 }
 
-std::optional<LocatedFile> FindDocument(PosixContext& context, std::u16string_view document) {
-    try {
-        return Locate(context, PathOf(document));
-    } catch (const SystemError& error) {
-        if (!IsAbsence(error.Code())) throw;
-        return std::nullopt;
-    }
-}
-
 const JournalSite* PointerTo(const std::optional<JournalSite>& site) {
     return site ? &*site : nullptr;
 }
@@ -108,7 +93,7 @@ void RequireWritable(const LocatedFile& document) {
 PosixFiles::PosixFiles() : PosixFiles(SystemCalls(), DefaultStateFolder()) {}
 
 PosixFiles::PosixFiles(PosixCalls& calls, std::string stateFolder)
-    : context_(new PosixContext{calls, std::move(stateFolder), {}, {}, {}}) {}
+    : context_(new PosixContext{calls, std::move(stateFolder), {}, {}, {}, {}}) {}
 
 PosixFiles::~PosixFiles() = default;
 
@@ -186,17 +171,16 @@ FileResult<std::unique_ptr<ReadStream>> PosixFiles::OpenJournalForReading(
     });
 }
 
-FileResult<Done> PosixFiles::SaveJournal(std::u16string_view journal, std::u16string_view document,
-                                         std::string_view bytes) {
-    return Guarded(journal, [&] {
-        SaveJournalFile(*context_, PathOf(journal), PathOf(document), bytes);
+FileResult<Done> PosixFiles::SaveJournal(const JournalPlace& journal, std::string_view bytes) {
+    return Guarded(journal.Name, [&] {
+        SaveJournalFile(*context_, journal, bytes);
         return Done{};
     });
 }
 
-FileResult<Done> PosixFiles::DeleteJournal(std::u16string_view journal, bool force) {
-    return Guarded(journal, [&] {
-        DeleteJournalFile(*context_, PathOf(journal), force);
+FileResult<Done> PosixFiles::DeleteJournal(const JournalPlace& journal, bool force) {
+    return Guarded(journal.Name, [&] {
+        DeleteJournalFile(*context_, journal, force);
         return Done{};
     });
 }
@@ -213,8 +197,9 @@ void PosixFiles::Replace(const Replacement& replacement) {
     const auto site = FindSite(*context_, replacement.Journal);
     RequireWritable(document);
     RecoverReplacement(document, PointerTo(site), RecoveryPurpose::Write);
-    const ReplacementJob job{document, document.Identity(), PointerTo(site), replacement.Loaded,
-                             replacement.NewBytes};
+    const ReplacementJob job{document,           document.Identity(),
+                             PointerTo(site),    replacement.KnownJournals,
+                             replacement.Loaded, replacement.NewBytes};
     if (!document.Status || document.Status->st_nlink <= 1) {
         try {
             return ReplaceByRenaming(job);
@@ -240,9 +225,37 @@ FileResult<JournalStanding> PosixFiles::Recover(std::u16string_view document,
     return Guarded(document, [&] { return RecoverDocument(document, journal); });
 }
 
+FileResult<Interruption> PosixFiles::FindInterruption(std::u16string_view document) {
+    return Guarded(document, [&] {
+        const auto located = FindFile(*context_, PathOf(document));
+        return located ? quorvale::FindInterruption(*located) : Interruption::None;
+    });
+}
+
+FileResult<std::optional<JournalStatus>> PosixFiles::FindJournal(std::u16string_view journal) {
+    return Guarded(journal, [&]() -> std::optional<JournalStatus> {
+        const auto site = FindSite(*context_, journal);
+        return site ? FindJournalFile(*site) : std::nullopt;
+    });
+}
+
+FileResult<Done> PosixFiles::MoveJournalAside(std::u16string_view journal) {
+    return Guarded(journal, [&] {
+        MoveJournalFileAside(SiteOf(*context_, PathOf(journal)));
+        return Done{};
+    });
+}
+
+FileResult<Done> PosixFiles::CopyJournalAside(std::u16string_view journal) {
+    return Guarded(journal, [&] {
+        CopyJournalFileAside(SiteOf(*context_, PathOf(journal)));
+        return Done{};
+    });
+}
+
 JournalStanding PosixFiles::RecoverDocument(std::u16string_view document,
                                             std::u16string_view journal) {
-    auto located = FindDocument(*context_, document);
+    auto located = FindFile(*context_, PathOf(document));
     if (!located) return JournalStanding::InForce;
     const auto site = FindSite(*context_, journal);
     const JournalStanding standing =

@@ -108,6 +108,36 @@ JournalStanding RecoverReplacement(LocatedFile& document, const JournalSite* sit
     return JournalStanding::InForce;
 }
 
+Interruption FindInterruption(const LocatedFile& document) {
+    if (const auto progress = FindProtectedWrite(document)) {
+        switch (*progress) {
+            case WriteProgress::Untouched:
+                return Interruption::NotBegun;
+            case WriteProgress::Partial:
+                return Interruption::HalfWritten;
+            case WriteProgress::Complete:
+                return Interruption::Finished;
+            case WriteProgress::Foreign:
+                return document.IsRegular() ? Interruption::Edited : Interruption::DocumentGone;
+        }
+    }
+    const auto found = FindCommitRecord(document);
+    if (!found) return Interruption::None;
+    if (!found->Record) return Interruption::NotBegun;
+    switch (ContentOf(document, *found->Record)) {
+        case Content::New:
+            return Interruption::Finished;
+        case Content::Other:
+            return Interruption::Edited;
+        case Content::Missing:
+            if (!found->Record->OldIsMissing) return Interruption::DocumentGone;
+            break;
+        case Content::Old:
+            break;
+    }
+    return Interruption::NotBegun;
+}
+
 void FinishReplacement(const LocatedFile& document, const JournalSite* site) {
     const auto spent = document.Folder.Context().Spent.extract(document.Identity());
     if (FinishProtectedWrite(document, site)) return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "adapters/interruption.h"
 #include "adapters/located_file.h"
 #include "platform/files.h"
 
@@ -16,6 +17,10 @@ enum class RecoveryPurpose {
 /// journal is spent but stays.
 JournalStanding RecoverReplacement(LocatedFile& document, const JournalSite* site,
                                    RecoveryPurpose purpose);
+
+/// What `RecoverReplacement` would have to end. Nothing is changed. Throws SystemError when it
+/// cannot be known, and while another program is at work.
+Interruption FindInterruption(const LocatedFile& document);
 
 /// After a successful replacement: removes the journal that was in force before, and then what is
 /// left of the helping files. Throws SystemError when the journal stays; it is known to be spent.

@@ -73,10 +73,10 @@ bool RedoRecord::IsOf(const LocatedFile& document) const {
 }
 
 StoredRedo WriteRedo(TemporaryFile& file, RedoRecord record, const PosixFile& document,
-                     std::uint64_t oldSize, std::string_view newBytes) {
+                     std::uint64_t oldSize, const ByteSpans& newBytes) {
     // Digests take the same room whatever they are.
     const std::uint64_t oldAt = WholeBlocks(Encode(record).size());
-    file.File().Reserve(oldAt + oldSize + newBytes.size());
+    file.File().Reserve(oldAt + oldSize + newBytes.Size());
     DigestBuilder old;
     std::uint64_t at = oldAt;
     document.ReadPieces(0, oldSize, [&](std::string_view piece) {
@@ -86,11 +86,11 @@ StoredRedo WriteRedo(TemporaryFile& file, RedoRecord record, const PosixFile& do
     });
     record.Old = old.Digest();
     if (record.Old.Size != oldSize) throw SystemError("read", "The file was changed just now");
-    file.File().Write(newBytes, at);
+    file.File().WriteSpans(newBytes, at);
     std::string header = Encode(record);
     header.resize(static_cast<std::size_t>(oldAt), '\0');
     file.File().Write(header, 0);
-    file.Finish(at + newBytes.size());
+    file.Finish(at + newBytes.Size());
     return {std::move(record), oldAt};
 }
 

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "adapters/spent_journal.h"
 #include "adapters/temporary_file.h"
@@ -34,7 +33,7 @@ struct StoredRedo {
 /// Writes a record: the old bytes first, from the document, then the new ones, at last what makes
 /// it valid. The record's `Old` is filled in on the way. Afterwards the file is finished.
 StoredRedo WriteRedo(TemporaryFile& file, RedoRecord record, const PosixFile& document,
-                     std::uint64_t oldSize, std::string_view newBytes);
+                     std::uint64_t oldSize, const ByteSpans& newBytes);
 
 /// None when the record is torn: whoever wrote it did not touch the document.
 std::optional<StoredRedo> ReadRedo(const PosixFile& file);

@@ -52,6 +52,18 @@ RecordedJournal JournalOf(const RedoRecord& record, const LocatedFile& document)
     return journal;
 }
 
+/// The record is not torn.
+WriteProgress ProgressBy(const FoundRedo& found, const LocatedFile& document) {
+    const auto file = document.Folder.OpenRegular(document.Base);
+    if (!file) return WriteProgress::Foreign;
+    if (IsIntact(found.File, *found.Redo)) return ProgressOf(*file, found.File, *found.Redo);
+    // The record is spoilt; it can still say whether the document is.
+    const FileDigest digest = file->Digest();
+    if (digest == found.Redo->Record.New) return WriteProgress::Complete;
+    if (digest == found.Redo->Record.Old) return WriteProgress::Untouched;
+    return WriteProgress::Foreign;
+}
+
 /// Ends one write into the document.
 class RedoRecovery {
 public:
@@ -63,7 +75,7 @@ public:
         // A torn record was not on the disk yet, and so the document has not been touched.
         if (!found.Redo) return Remove(found);
         const StoredRedo& redo = *found.Redo;
-        switch (Progress(found)) {
+        switch (ProgressBy(found, document_)) {
             case WriteProgress::Untouched:
                 return Remove(found);
             case WriteProgress::Partial:
@@ -81,17 +93,6 @@ public:
     }
 
 private:
-    WriteProgress Progress(const FoundRedo& found) const {
-        const auto file = document_.Folder.OpenRegular(document_.Base);
-        if (!file) return WriteProgress::Foreign;
-        if (IsIntact(found.File, *found.Redo)) return ProgressOf(*file, found.File, *found.Redo);
-        // The record is spoilt; it can still say whether the document is.
-        const FileDigest digest = file->Digest();
-        if (digest == found.Redo->Record.New) return WriteProgress::Complete;
-        if (digest == found.Redo->Record.Old) return WriteProgress::Untouched;
-        return WriteProgress::Foreign;
-    }
-
     void WriteRest(const PosixFile& file, const StoredRedo& redo) {
         PosixFile document = document_.Folder.OpenFile(document_.Base, O_WRONLY);
         if (!document_.Status || !SameFile(document.Status(), *document_.Status)) {
@@ -151,6 +152,16 @@ void EndProtectedWrites(LocatedFile& document, const JournalSite* site, Recovery
         if (found.Redo && !document.IsRegular() && purpose == RecoveryPurpose::Load) return;
         RedoRecovery(*state, document, site, purpose).End(found);
     });
+}
+
+std::optional<WriteProgress> FindProtectedWrite(const LocatedFile& document) {
+    std::optional<WriteProgress> progress;
+    const auto state = FindStateFolder(document.Folder.Context());
+    if (!state) return progress;
+    ForEachRecord(*state, document, [&](FoundRedo& found) {
+        if (found.Redo) progress = ProgressBy(found, document);
+    });
+    return progress;
 }
 
 bool FinishProtectedWrite(const LocatedFile& document, const JournalSite* site) {

@@ -54,6 +54,7 @@ private:
         }
     }
 
+    /// What takes the processor's time is done while the disk is busy with the new bytes.
     void WriteTemporary() {
         temporary_->Fill(job_.NewBytes);
         if (job_.Document.Status) {
@@ -64,13 +65,14 @@ private:
             KeptProperties(old).ApplyTo(temporary_->File());
             LookAtOld(old);
         }
-        new_ = DigestOf(job_.NewBytes);
-        temporary_->Finish(job_.NewBytes.size());
+        new_ = job_.NewBytes.Digest();
+        loaded_ = job_.Loaded;
+        temporary_->Finish(job_.NewBytes.Size());
         written_ = temporary_->File().Status();
     }
 
-    /// Looks at the document while the disk is busy with the new bytes. Of one that was written a
-    /// moment ago the time does not tell whether it is written once more.
+    /// Of a document that was written a moment ago the time does not tell whether it is written
+    /// once more.
     void LookAtOld(const PosixFile& old) {
         const FileStatus status = old.Status();
         if (std::time(nullptr) - status.st_mtim.tv_sec < 2) return;
@@ -90,11 +92,11 @@ private:
     /// beside a journal that nobody knows to be spent.
     void WriteRecord() {
         CommitRecord record;
-        record.Old = job_.Loaded;
+        record.Old = loaded_;
         record.New = new_;
         record.OldIsMissing = !job_.Document.Status;
         record.Temporary = temporary_->Name();
-        record.Journal = journal_ = RecordJournal(job_.Document, job_.Site);
+        record.Journal = journal_ = RecordJournal(job_.Document, job_.Site, job_.KnownJournals);
         const std::string bytes = EncodeCommitRecord(record, job_.Document.Base);
         record_.emplace(folder_, CommitRecordName(tag_), privateMode);
         record_->Fill(bytes);
@@ -198,6 +200,7 @@ private:
     std::optional<TemporaryFile> temporary_;
     std::optional<TemporaryFile> record_;
     FileDigest new_;
+    FileDigest loaded_;
     RecordedJournal journal_;
     std::optional<Seen> seen_;
     FileStatus written_{};

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <string>
-#include <string_view>
+#include <vector>
 
 #include "adapters/located_file.h"
 #include "adapters/spent_journal.h"
+#include "platform/byte_spans.h"
 #include "platform/file_digest.h"
 
 namespace quorvale {
@@ -16,8 +17,10 @@ struct ReplacementJob {
     std::string Identity;
     /// Null when no journal becomes void.
     const JournalSite* Site;
-    FileDigest Loaded;
-    std::string_view NewBytes;
+    /// The versions of that journal which the new content was made with.
+    const std::vector<FileDigest>& KnownJournals;
+    const LateDigest& Loaded;
+    const ByteSpans& NewBytes;
 
     /// What this object, or an earlier try, has put in place; else another program's version.
     bool IsOurs(const FileDigest& found, const FileDigest& fresh) const;

@@ -1,5 +1,6 @@
 #include "adapters/spent_journal.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -38,20 +39,15 @@ void SetOtherAside(const LocatedFile& document, const RecordedJournal& journal) 
     }
 }
 
-void Remove(const JournalSite& site, bool force) {
-    const auto status = site.Folder.Find(site.Name);
-    constexpr mode_t anyWriting = S_IWUSR | S_IWGRP | S_IWOTH;
-    if (!force && status && (status->st_mode & anyWriting) == 0) {
-        throw SystemError("delete", "The journal is read-only", EACCES);
-    }
-    site.Folder.Remove(site.Name);
-}
-
 }  // namespace
 
-RecordedJournal RecordJournal(const LocatedFile& document, const JournalSite* site) {
+RecordedJournal RecordJournal(const LocatedFile& document, const JournalSite* site,
+                              const std::vector<FileDigest>& known) {
     if (site == nullptr) return {};
     RecordedJournal journal{DigestOfJournal(*site), site->Name, {}};
+    const bool ours =
+        journal.Digest && std::find(known.begin(), known.end(), *journal.Digest) != known.end();
+    if (!ours) journal.Digest.reset();
     if (!site->Folder.SameAs(document.Folder)) {
         journal.Folder = site->Folder.Path();
         if (journal.Folder.empty()) throw SystemError("find the journal's folder", ENOENT);
@@ -65,7 +61,7 @@ void RemoveSpent(const LocatedFile& document, const JournalSite* site,
     const auto found = site != nullptr ? DigestOfJournal(*site) : std::nullopt;
     try {
         if (found && found == journal.Digest) {
-            Remove(*site, force);
+            RemoveJournal(*site, force);
         } else if (found && recorded) {
             Aside(*site);
         }
@@ -76,7 +72,7 @@ void RemoveSpent(const LocatedFile& document, const JournalSite* site,
 }
 
 void RemoveSpent(const JournalSite& site, const FileDigest& spent) {
-    if (DigestOfJournal(site) == spent) Remove(site, false);
+    if (DigestOfJournal(site) == spent) RemoveJournal(site, false);
 }
 
 void SetJournalAside(const LocatedFile& document, const JournalSite* site,

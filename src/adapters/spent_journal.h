@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "adapters/located_file.h"
 #include "adapters/system_error.h"
@@ -10,15 +11,17 @@ namespace quorvale {
 
 /// The journal that becomes void with a replacement, as its record names it.
 struct RecordedJournal {
-    /// None when there was no journal.
+    /// None when there was no journal, or only one that the corrections do not come from.
     std::optional<FileDigest> Digest;
     std::string Name;
     /// Empty when it lies in the document's folder: folders may move.
     std::string Folder;
 };
 
-/// `site` may be null. Throws SystemError when there is a journal that cannot be read.
-RecordedJournal RecordJournal(const LocatedFile& document, const JournalSite* site);
+/// `site` may be null; `known` are the versions that the corrections may come from. Throws
+/// SystemError when there is a journal that cannot be read.
+RecordedJournal RecordJournal(const LocatedFile& document, const JournalSite* site,
+                              const std::vector<FileDigest>& known);
 
 /// The spent journal is known to be spent, but it is still there.
 class JournalStays : public SystemError {

@@ -14,17 +14,17 @@ namespace {
 
 constexpr const char* operation = "open the folder for records";
 
-bool IsOurs(const Folder& folder) {
-    const FileStatus status = folder.Handle().Status();
-    return status.st_uid == geteuid() && (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
-}
-
 std::string AbsoluteVariable(const char* name) {
     const char* const value = std::getenv(name);
     return value != nullptr && value[0] == '/' ? value : std::string();
 }
 
 }  // namespace
+
+bool IsOursAlone(const Folder& folder) {
+    const FileStatus status = folder.Handle().Status();
+    return status.st_uid == geteuid() && (status.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+}
 
 std::string DefaultStateFolder() {
     std::string state = AbsoluteVariable("XDG_STATE_HOME");
@@ -51,7 +51,7 @@ Folder CreateStateFolder(PosixContext& context) {
         break;
     }
     Folder folder = Folder::Open(context, path);
-    if (!IsOurs(folder)) throw SystemError(operation, "It belongs to somebody else", EPERM);
+    if (!IsOursAlone(folder)) throw SystemError(operation, "It belongs to somebody else", EPERM);
     return folder;
 }
 
@@ -59,7 +59,7 @@ std::optional<Folder> FindStateFolder(PosixContext& context) {
     if (context.StateFolder.empty()) return std::nullopt;
     try {
         Folder folder = Folder::Open(context, context.StateFolder);
-        if (IsOurs(folder)) return folder;
+        if (IsOursAlone(folder)) return folder;
     } catch (const SystemError& error) {
         // Where we have no way in, we have left nothing either.
         if (error.Code() != ENOENT && error.Code() != ENOTDIR && error.Code() != EACCES) throw;

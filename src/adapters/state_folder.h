@@ -11,6 +11,9 @@ namespace quorvale {
 /// ~/.local/state/quorvale. Empty when it says nothing.
 std::string DefaultStateFolder();
 
+/// Nobody else can put anything into the folder.
+bool IsOursAlone(const Folder& folder);
+
 /// The folder for records, made when it is not there. Throws SystemError when there can be none
 /// that belongs to us alone: what is read from there is written into files.
 Folder CreateStateFolder(PosixContext& context);

@@ -33,4 +33,7 @@ private:
 
 std::string ReasonOf(int error);
 
+/// Does the error say that nothing is at a name, and nothing could be?
+bool IsAbsence(int code);
+
 }  // namespace quorvale

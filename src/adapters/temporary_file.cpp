@@ -26,9 +26,9 @@ TemporaryFile::~TemporaryFile() {
     }
 }
 
-void TemporaryFile::Fill(std::string_view bytes) const {
-    file_.Reserve(bytes.size());
-    file_.Write(bytes, 0);
+void TemporaryFile::Fill(const ByteSpans& bytes) const {
+    file_.Reserve(bytes.Size());
+    file_.WriteSpans(bytes, 0);
 }
 
 void TemporaryFile::Finish(std::uint64_t size) {

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "adapters/folder.h"
 
@@ -23,7 +22,7 @@ public:
     const PosixFile& File() const { return lock_ ? *lock_ : file_; }
 
     /// All bytes, with room looked for before.
-    void Fill(std::string_view bytes) const;
+    void Fill(const ByteSpans& bytes) const;
     /// On the disk, `size` bytes long, and closed to find out whether that went well. The lock
     /// stays, and the file can still be read.
     void Finish(std::uint64_t size);

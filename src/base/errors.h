@@ -4,6 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "base/export.h"
+
 namespace quorvale {
 
 /// What went wrong, in the terms a host can act on.
@@ -22,12 +24,15 @@ enum class ErrorKind {
 };
 
 /// The control's one error type. Members let it out to the host; handlers of user actions trap it.
-class ControlError : public std::exception {
+class QUORVALE_CORE_EXPORT ControlError : public std::exception {
 public:
+    /// The description is for people, in English.
     ControlError(ErrorKind kind, std::string description)
         : kind_(kind), description_(std::move(description)) {}
 
+    /// What a program decides by.
     ErrorKind Kind() const noexcept { return kind_; }
+    /// What a person reads.
     const char* what() const noexcept override { return description_.c_str(); }
 
 private:

@@ -23,12 +23,15 @@ constexpr const char16_t* outOfMemory = u"Not enough memory";
 }  // namespace
 
 void Commit::CommitUpdates() {
+    if (options_.ReadOnly) return;
     recording_.RecordEdit(true);
     if (!IsWanted()) return;
-    const Remembered remembered{document_.FileName, corrections_.DocumentPath, navigation_.TopLine,
-                                navigation_.CaretRow, navigation_.CaretCol};
+    const Remembered remembered{document_.FileName,   corrections_.DocumentPath,
+                                navigation_.TopLine,  navigation_.CaretRow,
+                                navigation_.CaretCol, document_.Generation};
     if (const auto reason = Write(remembered.Path)) return ShowFailure(*reason);
-    ShowAgain(remembered);
+    // Whoever heard of what was kept aside may have put another document in place.
+    if (document_.Generation == remembered.Generation) ShowAgain(remembered);
 }
 
 /// Asked before anything is done; the host may put another document in place before it answers.
@@ -57,16 +60,27 @@ std::optional<std::u16string> Commit::Write(const std::u16string& path) {
 
 // All bytes are there before the outside world is touched.
 std::optional<std::u16string> Commit::WriteBytes(const std::u16string& path) {
-    const std::string bytes = corrected_.FileBytes(options_.KeepLineFormat);
-    const Replacement replacement{path, JournalName(path), LoadedDigest(document_), bytes};
+    const XmlNodePtr written = corrections_.JournalRoot;
+    const ByteRope bytes = corrected_.FileBytes(options_.KeepLineFormat);
+    const Replacement replacement{path, JournalName(path),
+                                  LateDigest([this] { return LoadedDigest(); }), bytes.Spans(),
+                                  corrections_.OwnFiles};
     auto replaced = files_.ReplaceDocument(replacement);
     if (!replaced) return ReasonOf(replaced.Failure());
     // The corrections are in the file: nobody may write them once more, nor save them.
-    journal_.Drop();
+    if (corrections_.JournalRoot == written) journal_.Drop();
     auto removed = files_.RemoveSpentJournal(replacement);
     if (removed) return std::nullopt;
     marks_.RefreshCorrectionMarks();
     return ReasonOf(removed.Failure());
+}
+
+const FileDigest& Commit::LoadedDigest() const {
+    if (loadedOf_ != document_.Generation) {
+        loaded_ = quorvale::LoadedDigest(document_);
+        loadedOf_ = document_.Generation;
+    }
+    return loaded_;
 }
 
 void Commit::ShowAgain(const Remembered& remembered) {

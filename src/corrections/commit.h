@@ -9,6 +9,7 @@
 #include "corrections/journal.h"
 #include "corrections/marks.h"
 #include "corrections/recording.h"
+#include "platform/file_digest.h"
 #include "platform/files.h"
 #include "platform/host_options.h"
 #include "platform/message_box.h"
@@ -52,10 +53,17 @@ public:
           peers_(peers) {}
 
     /// Records an open editor, writes the file, removes its journal and loads it again, with the
-    /// view and the caret where they were. Without corrections nothing happens. A failure is shown
+    /// view and the caret where they were. Without corrections, and where the host wants them only
+    /// shown, nothing happens. A failure is shown
     /// to the user: before the file is in place everything stays as it was, and trying again is
     /// safe; afterwards the corrections are in the file, and are not kept any more.
     void CommitUpdates();
+
+    /// Of the bytes that the shown file had when it was loaded; worked out once for each document.
+    const FileDigest& LoadedDigest() const;
+
+    /// The language of the messages from now on.
+    void Speak(Language texts) { texts_ = texts; }
 
 private:
     /// Where to go when the file is loaded again, and what it is called.
@@ -65,6 +73,7 @@ private:
         Line Top;
         Line Row;
         std::int32_t Col = 0;
+        std::uint64_t Generation = 0;
     };
 
     bool IsWanted();
@@ -85,6 +94,9 @@ private:
     MessageBoxes& messages_;
     Language texts_;
     CommitPeers& peers_;
+    mutable FileDigest loaded_;
+    /// The document that `loaded_` is of.
+    mutable std::uint64_t loadedOf_ = 0;
 };
 
 }  // namespace quorvale

@@ -1,6 +1,7 @@
 #include "corrections/corrected_text.h"
 
 #include <cstring>
+#include <iterator>
 #include <span>
 #include <string_view>
 
@@ -47,11 +48,7 @@ void PutExpanded(Span units, std::size_t& column, const Put& put) {
     }
 }
 
-template <class Text>
-void DropFinalBreak(Text& text) {
-    const std::size_t size = text.size();
-    if (size >= 2 && text[size - 2] == '\r' && text[size - 1] == '\n') text.resize(size - 2);
-}
+constexpr std::size_t lineBreakSize = std::size(lineBreak);
 
 }  // namespace
 
@@ -81,7 +78,7 @@ std::u16string CorrectedText::BuildCorrectedText(std::int32_t first, std::int32_
     std::u16string text;
     VisitPieces(MakeEditScript(first, count, index_.Updates()),
                 [&](auto units) { text.append(units.begin(), units.end()); });
-    DropFinalBreak(text);
+    if (text.ends_with(u"\r\n")) text.resize(text.size() - lineBreakSize);
     return text;
 }
 
@@ -103,16 +100,15 @@ std::vector<std::u16string> CorrectedText::CorrectedLines(std::int32_t first,
     return lines;
 }
 
-std::string CorrectedText::FileBytes(bool keepFormat) const {
+ByteRope CorrectedText::FileBytes(bool keepFormat) const {
     const EditScript script = MakeEditScript(1, document_.LineSlots, index_.Updates());
-    if (keepFormat) return BytesKeepingFormat(document_, script);
+    if (keepFormat) return BytesKeepingFormat(document_, script, memory_);
     RequireWritable(script, document_.ReadAs);
-    std::string bytes;
-    bytes.reserve(ExpectedSize(document_, script));
+    ByteRope bytes(memory_);
     TextWriter writer(document_.ReadAs, bytes);
     VisitPieces(script, [&](auto units) { writer.Put(units); });
     writer.Finish();
-    DropFinalBreak(bytes);
+    if (bytes.EndsWith("\r\n")) bytes.DropLast(lineBreakSize);
     return bytes;
 }
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "corrections/edit_range.h"
+#include "document/line_extent.h"
 #include "platform/keys.h"
 #include "state/slot_lines.h"
 
@@ -15,6 +16,7 @@ void LineEditor::Open() {
     recording_.RecordEdit(true);
     if (!MayOpen(meant)) return;
     UpdateRange lines = WantedLines();
+    if (IsTooMuch(lines)) return peers_.TellTooMuchToEdit();
     if (!IsOnScreen(lines)) {
         peers_.RevealLine(Line{lines.Start}, navigation_.CaretCol);
         // A host that hears of the scrolling may have moved the caret.
@@ -31,8 +33,8 @@ void LineEditor::Open() {
 
 /// Asked again after everything that a host may hear of: it may put another document in place.
 bool LineEditor::MayOpen(std::uint64_t generation) const {
-    return document_.Generation == generation && options_.OfferEditing && journal_.IsOpen() &&
-           !view_.Suspended();
+    return document_.Generation == generation && options_.OfferEditing && !options_.ReadOnly &&
+           journal_.IsOpen() && !view_.Suspended();
 }
 
 UpdateRange LineEditor::WantedLines() const {
@@ -40,6 +42,14 @@ UpdateRange LineEditor::WantedLines() const {
     return WidenedToCorrections(
         SelectedLines(navigation_.CaretRow, navigation_.SelectedRowsCount, last), index_.Updates(),
         last);
+}
+
+bool LineEditor::IsTooMuch(const UpdateRange& lines) const {
+    if (options_.MostEditedLines > 0 && lines.Count > options_.MostEditedLines) return true;
+    if (options_.MostEditedCharacters <= 0 || lines.Count <= 0) return false;
+    const LineExtent last = ExtentOf(document_, Line{lines.End() - 1});
+    return last.Start + last.Length - ExtentOf(document_, Line{lines.Start}).Start >
+           options_.MostEditedCharacters;
 }
 
 bool LineEditor::IsOnScreen(const UpdateRange& lines) const {

@@ -23,6 +23,8 @@ public:
     virtual void RevealLine(Line line, std::int32_t col) = 0;
     /// Moves the open editor over its rows.
     virtual void PlaceEditor() = 0;
+    /// The host is told that the lines are more than it wants in an editor. It may do anything.
+    virtual void TellTooMuchToEdit() = 0;
 };
 
 /// The box in which lines are corrected: opens it over the selected rows and answers its keys.
@@ -46,7 +48,8 @@ public:
 
     /// Shows the selected lines, or the caret's line, with every correction that editing them will
     /// replace, and puts the keyboard there; an open editor is recorded first. Does nothing where
-    /// the host does not offer editing, without a journal and while painting is suspended.
+    /// the host does not offer editing, without a journal and while painting is suspended. Lines
+    /// that are more than the host allows stay closed, and it is told.
     void Open();
 
     /// The editor's text has become another one.
@@ -58,6 +61,7 @@ public:
 private:
     bool MayOpen(std::uint64_t generation) const;
     UpdateRange WantedLines() const;
+    bool IsTooMuch(const UpdateRange& lines) const;
     bool IsOnScreen(const UpdateRange& lines) const;
     std::u16string TextOf(const UpdateRange& lines) const;
 

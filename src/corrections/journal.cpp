@@ -22,6 +22,7 @@ void Journal::Drop() {
     state_.JournalDocument.reset();
     state_.JournalRoot.reset();
     state_.Unreadable.reset();
+    state_.OwnFiles.clear();
 }
 
 void Journal::AppendCorrection(UpdateRange range, std::u16string_view text) {

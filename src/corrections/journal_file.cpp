@@ -4,30 +4,11 @@
 #include <new>
 #include <utility>
 
+#include "corrections/journal_reading.h"
+#include "corrections/loaded_digest.h"
 #include "document/text_loading.h"
 
 namespace quorvale {
-
-namespace {
-
-FileResult<std::string> ReadAll(ReadStream& stream, const std::u16string& name) {
-    if (stream.Size() > XmlService::MaxBytes) {
-        return FileFailure{"read", name, "It is larger than 1 GiB"};
-    }
-    std::string bytes(static_cast<std::size_t>(stream.Size()), '\0');
-    std::size_t length = 0;
-    while (length < bytes.size()) {
-        auto got =
-            stream.Read(reinterpret_cast<std::byte*>(bytes.data()) + length, bytes.size() - length);
-        if (!got) return got.Failure();
-        if (*got == 0) break;
-        length += *got;
-    }
-    bytes.resize(length);
-    return bytes;
-}
-
-}  // namespace
 
 void JournalFile::OpenJournal() {
     const std::u16string& documentPath = path_.OfLastOpened();
@@ -36,37 +17,25 @@ void JournalFile::OpenJournal() {
     try {
         found = Find(name);
     } catch (const std::bad_alloc&) {
-        found = {nullptr, FileFailure{"read", name, "Not enough memory"}};
+        found = {nullptr, FileFailure{"read", name, "Not enough memory"}, std::nullopt};
     }
     journal_.Open(std::move(found.Document));
+    corrections_.OwnFiles.clear();
+    if (found.Digest) corrections_.OwnFiles.push_back(*found.Digest);
     corrections_.Unreadable = std::move(found.Unreadable);
     corrections_.DocumentPath = documentPath;
+    corrections_.SavedAt = corrections_.Changes;
     marks_.RefreshCorrectionMarks();
 }
 
 JournalFile::Found JournalFile::Find(const std::u16string& name) const {
     auto standing = path_.Standing();
     // Whether its corrections are in the file already is not known.
-    if (!standing) return {nullptr, standing.Failure()};
-    if (*standing == JournalStanding::Spent) return {};
-    auto stream = files_.OpenJournalForReading(name);
-    if (!stream) return {nullptr, stream.Failure()};
-    if (*stream == nullptr) return {};
-    return Read(**stream, name);
-}
-
-JournalFile::Found JournalFile::Read(ReadStream& stream, const std::u16string& name) const {
-    auto bytes = ReadAll(stream, name);
-    if (!bytes) return {nullptr, bytes.Failure()};
-    XmlReadOptions options;
-    options.ValidateOnParse = true;
-    options.PreserveWhiteSpace = true;
-    options.Async = false;
-    XmlReading reading = xml_.Read(*bytes, options);
-    if (!reading && reading.ParseError.CannotBeRead) {
-        return {nullptr, FileFailure{"read", name, reading.ParseError.Reason}};
-    }
-    return {std::move(reading.Document), std::nullopt};
+    if (!standing) return {nullptr, standing.Failure(), std::nullopt};
+    JournalReading reading = ReadJournal(files_, xml_, name);
+    // Nobody wants to know what is in a spent one, only whether another lies there later.
+    if (*standing == JournalStanding::Spent) return {nullptr, std::nullopt, reading.Digest};
+    return {std::move(reading.Document), std::move(reading.Unreadable), reading.Digest};
 }
 
 void JournalFile::CloseJournal() {
@@ -76,7 +45,7 @@ void JournalFile::CloseJournal() {
     } catch (...) {
         notRecorded = std::current_exception();
     }
-    const CorrectionsState closed = corrections_;
+    CorrectionsState closed = corrections_;
     const std::u16string path = document_.FileName.empty() ? u"" : closed.DocumentPath;
     // Whatever becomes of the file, nobody may try a second time with a document that is gone.
     journal_.Drop();
@@ -90,12 +59,25 @@ void JournalFile::SaveNow() {
     if (journal_.IsOpen()) Store(corrections_, corrections_.DocumentPath);
 }
 
-void JournalFile::Store(const CorrectionsState& journal, const std::u16string& documentPath) {
+void JournalFile::SaveRecorded() {
+    if (!journal_.IsOpen() || corrections_.Changes == corrections_.SavedAt) return;
+    Store(corrections_, corrections_.DocumentPath);
+}
+
+void JournalFile::Store(CorrectionsState& journal, const std::u16string& documentPath) {
+    if (options_.ReadOnly) return;
     const std::u16string name = JournalName(documentPath);
+    const JournalPlace place{name, documentPath, journal.OwnFiles,
+                             LateDigest([this] { return LoadedDigest(document_); })};
     const bool mustStay = journal.Unreadable && !documentPath.empty();
     if (!journal.JournalRoot->HasChildNodes()) {
         // One that is left over is not worth a word.
-        if (!mustStay) files_.DeleteJournal(name, true);
+        if (!mustStay) {
+            const std::uint64_t meant = journal.Changes;
+            const XmlNodePtr root = journal.JournalRoot;
+            const auto deleted = files_.DeleteJournal(place, true);
+            if (deleted && journal.JournalRoot == root) journal.SavedAt = meant;
+        }
         return;
     }
     if (mustStay) {
@@ -104,9 +86,23 @@ void JournalFile::Store(const CorrectionsState& journal, const std::u16string& d
              "The corrections that are in it could not be read: " + journal.Unreadable->Reason});
     }
     auto bytes = xml_.Write(*journal.JournalDocument);
-    if (!bytes) RaiseFileFailure(bytes.Failure());
-    auto saved = files_.SaveJournal(name, documentPath, *bytes);
+    if (!bytes) RaiseFileFailure({"save", name, bytes.Failure().Reason});
+    Save(journal, place, *bytes);
+}
+
+void JournalFile::Save(CorrectionsState& journal, const JournalPlace& place,
+                       const std::string& bytes) {
+    const FileDigest digest = DigestOf(bytes);
+    // A save that is reported to have failed may have put it there.
+    journal.OwnFiles.push_back(digest);
+    const XmlNodePtr meant = journal.JournalRoot;
+    const std::uint64_t changes = journal.Changes;
+    auto saved = files_.SaveJournal(place, bytes);
     if (!saved) RaiseFileFailure(saved.Failure());
+    // The host hears of what was moved aside, and may have opened another file.
+    if (journal.JournalRoot != meant) return;
+    journal.OwnFiles = {digest};
+    journal.SavedAt = changes;
 }
 
 }  // namespace quorvale

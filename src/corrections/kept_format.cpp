@@ -1,6 +1,7 @@
 #include "corrections/kept_format.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 #include "base/errors.h"
@@ -14,19 +15,26 @@ namespace quorvale {
 
 namespace {
 
-/// Puts lines behind one another. A line's end is written when the next line comes, so that the
-/// last one has none.
+constexpr char16_t byteOrderMark = 0xFEFF;
+
+/// Puts lines behind one another. Nobody sees a byte order mark: it stays at the front of the file,
+/// whatever becomes of the line that it stands in. A line's end is written when the next line
+/// comes, so that the last one has none.
 class LineJoiner {
 public:
-    LineJoiner(const DocumentState& document, std::string& out)
-        : document_(document), writer_(document.ReadAs, out), fallback_(FirstLineEnd()) {}
+    LineJoiner(const DocumentState& document, ByteRope& out)
+        : document_(document), writer_(document.ReadAs, out), fallback_(FirstLineEnd()) {
+        if (!HasMark()) return;
+        writer_.PutFrom(document_.Text, 1, 1);
+        markEnd_ = 1;
+    }
 
     /// Lines of the document, in one stretch with their own ends.
     void PutRun(Line from, Line to) {
         from = std::max(from, Line{1});
         to = std::min(to, document_.LastLine());
         if (from > to) return;
-        const std::int32_t start = document_.Table.Starts[from.Number()];
+        const std::int32_t start = std::max(document_.Table.Starts[from.Number()], 1 + markEnd_);
         const LineExtent last = ExtentOf(document_, to);
         PutEnd();
         writer_.PutFrom(document_.Text, start, last.Start + last.Length - start);
@@ -36,8 +44,11 @@ public:
     void PutCorrection(const Update& update) {
         Line replaced{update.Range.Start};
         for (const std::u16string& line : LinesOfUpdate(UpdateText(*update.Node))) {
+            std::u16string_view shown = line;
+            // A host that shows the mark gives it back.
+            if (!any_ && markEnd_ > 0 && shown.starts_with(byteOrderMark)) shown.remove_prefix(1);
             PutEnd();
-            writer_.Put(std::u16string_view(line));
+            writer_.Put(shown);
             end_ = update.Range.Count == 0 ? fallback_ : EndOf(replaced);
             if (replaced.Number() < update.Range.End() - 1) ++replaced;
         }
@@ -46,6 +57,11 @@ public:
     void Finish() { writer_.Finish(); }
 
 private:
+    bool HasMark() const {
+        return document_.ReadAs == Encoding::Utf8 && document_.Text.Length() > 0 &&
+               document_.Text.At(1) == byteOrderMark;
+    }
+
     // The document's last CR LF is the control's own.
     std::u16string_view EndOf(Line line) const {
         if (line >= document_.LastLine()) return {};
@@ -68,6 +84,8 @@ private:
     /// The end of the line that was put last, not yet written.
     std::u16string_view end_;
     bool any_ = false;
+    /// The last place in the document that belongs to the mark; 0 without one.
+    std::int32_t markEnd_ = 0;
 };
 
 }  // namespace
@@ -86,19 +104,10 @@ void RequireWritable(const EditScript& script, Encoding encoding) {
     }
 }
 
-std::size_t ExpectedSize(const DocumentState& document, const EditScript& script) {
-    std::size_t size = static_cast<std::size_t>(document.Text.Length()) +
-                       static_cast<std::size_t>(document.LineSlots);
-    for (const ScriptStep& step : script) {
-        if (step.Insert != nullptr) size += UpdateText(*step.Insert->Node).size();
-    }
-    return std::min(size, mostFileBytes);
-}
-
-std::string BytesKeepingFormat(const DocumentState& document, const EditScript& script) {
+ByteRope BytesKeepingFormat(const DocumentState& document, const EditScript& script,
+                            BlockMemory& memory) {
     RequireWritable(script, document.ReadAs);
-    std::string out;
-    out.reserve(ExpectedSize(document, script));
+    ByteRope out(memory);
     LineJoiner lines(document, out);
     for (const ScriptStep& step : script) {
         if (step.Insert != nullptr) {

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "corrections/edit_script.h"
+#include "platform/byte_rope.h"
 #include "platform/encoding.h"
+#include "platform/memory.h"
 #include "state/document_state.h"
 
 namespace quorvale {
@@ -16,10 +16,9 @@ void RequireWritable(const EditScript& script, Encoding encoding);
 /// replaces another one takes its line end; further ones and inserted ones take that of the last
 /// line replaced or else the document's first one, which is LF for a document of one line. Behind
 /// the last line stands no line end: a file that ends with one is a file whose last line is empty.
-/// Fails as `RequireWritable` and as `TextWriter`.
-std::string BytesKeepingFormat(const DocumentState& document, const EditScript& script);
-
-/// About as many bytes as the corrected file has: for taking the memory at once.
-std::size_t ExpectedSize(const DocumentState& document, const EditScript& script);
+/// Fails as `RequireWritable` and as `TextWriter`, and with std::bad_alloc. The bytes may be those
+/// of the document itself, and are good as long as it stays.
+ByteRope BytesKeepingFormat(const DocumentState& document, const EditScript& script,
+                            BlockMemory& memory);
 
 }  // namespace quorvale

@@ -9,6 +9,7 @@ namespace quorvale {
 
 void EditRecording::RecordEdit(bool apply) {
     if (!journal_.IsOpen() || !surface_.rtbEdit.Visible()) return;
+    if (apply) surface_.rtbEdit.FinishTyping();
     // All is worked out before anything changes: what was typed must outlive a failure.
     std::optional<Work> work;
     if (apply && editing_.EditChanged) work = WorkOut();

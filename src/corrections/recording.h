@@ -25,10 +25,11 @@ public:
           index_(index),
           marks_(marks) {}
 
-    /// Hides an open editor and gives the keyboard back to the text. With `apply`, a changed text
-    /// replaces every correction that meets the edited lines; when it is what the file holds, no
-    /// new one comes. Without a journal, or with the editor closed, nothing happens. When it fails
-    /// the editor stays open with its text, and the journal is as it was.
+    /// Hides an open editor and gives the keyboard back to the text. With `apply`, what is being
+    /// composed is typed to its end, and a changed text replaces every correction that meets the
+    /// edited lines; when it is what the file holds, no new one comes. Without a journal, or with
+    /// the editor closed, nothing happens. When it fails the editor stays open with its text, and
+    /// the journal is as it was.
     void RecordEdit(bool apply);
 
 private:

@@ -7,13 +7,14 @@ namespace quorvale {
 
 void CorrectionUndo::Undo() {
     const XmlNodePtr picked = corrections_.Current;
-    if (picked == nullptr) return;
+    if (picked == nullptr || options_.ReadOnly) return;
     recording_.RecordEdit(false);
     journal_.Remove(*picked);
     marks_.RefreshCorrectionMarks();
 }
 
 void CorrectionUndo::UndoAll() {
+    if (options_.ReadOnly) return;
     const XmlNodePtr asked = corrections_.JournalRoot;
     const std::u16string question =
         FormatMessage(LoadText(text_id::ConfirmUndoAll, texts_), u"\r\n");

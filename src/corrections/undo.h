@@ -3,23 +3,26 @@
 #include "corrections/journal.h"
 #include "corrections/marks.h"
 #include "corrections/recording.h"
+#include "platform/host_options.h"
 #include "platform/message_box.h"
 #include "resources/string_table.h"
 #include "state/corrections_state.h"
 
 namespace quorvale {
 
-/// Takes corrections back. The file is not touched.
+/// Takes corrections back, unless the host wants them only shown. The file is not touched.
 class CorrectionUndo {
 public:
     CorrectionUndo(CorrectionsState& corrections, Journal& journal, EditRecording& recording,
-                   CorrectionMarks& marks, MessageBoxes& messages, Language texts)
+                   CorrectionMarks& marks, MessageBoxes& messages, Language texts,
+                   const HostOptions& options)
         : corrections_(corrections),
           journal_(journal),
           recording_(recording),
           marks_(marks),
           messages_(messages),
-          texts_(texts) {}
+          texts_(texts),
+          options_(options) {}
 
     /// Removes the picked correction, wherever the caret is; what is in an open editor is dropped.
     /// It stays picked, so that the walk to its neighbours goes on from there.
@@ -28,6 +31,9 @@ public:
     /// Asks, then removes all corrections; what is in an open editor is dropped.
     void UndoAll();
 
+    /// The language of the messages from now on.
+    void Speak(Language texts) { texts_ = texts; }
+
 private:
     CorrectionsState& corrections_;
     Journal& journal_;
@@ -35,6 +41,7 @@ private:
     CorrectionMarks& marks_;
     MessageBoxes& messages_;
     Language texts_;
+    const HostOptions& options_;
 };
 
 }  // namespace quorvale

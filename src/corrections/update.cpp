@@ -58,6 +58,14 @@ std::optional<UpdateRange> RangeOf(const XmlNode& update) {
     return UpdateRange{*start, *count};
 }
 
+bool HoldsOneText(const XmlNode& update) {
+    if (!update.HasChildNodes()) return true;
+    const std::vector<XmlNodePtr>& children = update.ChildNodes();
+    if (children.size() > 1) return false;
+    const XmlKind kind = children.front()->Kind();
+    return kind == XmlKind::Text || kind == XmlKind::CData;
+}
+
 std::u16string UpdateText(const XmlNode& update) {
     const XmlNodePtr first = update.FirstChild();
     if (first == nullptr) return {};

@@ -37,6 +37,9 @@ XmlNodePtr CreateUpdate(UpdateRange range, std::u16string_view text);
 /// bits: such an element stays in the journal, and nobody uses it.
 std::optional<UpdateRange> RangeOf(const XmlNode& update);
 
+/// Whether the correction says no more than its text: it has one piece of text, or none.
+bool HoldsOneText(const XmlNode& update);
+
 /// The replacement: lines, each followed by LF. Anything but text as the first child counts as
 /// none.
 std::u16string UpdateText(const XmlNode& update);

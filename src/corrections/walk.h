@@ -34,6 +34,9 @@ public:
     /// Nothing happens while none is picked.
     void GoToCorrection(WalkDirection direction);
 
+    /// The language of the messages from now on.
+    void Speak(Language texts) { texts_ = texts; }
+
 private:
     const Update* Neighbour(std::int32_t start, WalkDirection direction) const;
 

@@ -27,7 +27,7 @@ void TextWriter::Put(std::span<const std::uint8_t> units) {
         const std::size_t same =
             encoding_ == Encoding::SingleByte ? units.size() : FirstBeyondAscii(units);
         RequireRoom(same);
-        out_.append(reinterpret_cast<const char*>(units.data()), same);
+        PutSame({reinterpret_cast<const char*>(units.data()), same});
         units = units.subspan(same);
         if (units.empty()) return;
         const auto ascii = std::find_if(units.begin(), units.end(), IsAscii);
@@ -37,12 +37,23 @@ void TextWriter::Put(std::span<const std::uint8_t> units) {
     }
 }
 
+/// A line costs less to copy than to remember where it is; a stretch of lines stays where it is.
+void TextWriter::PutSame(std::string_view bytes) {
+    constexpr std::size_t leastReferred = 2048;
+    if (bytes.size() < leastReferred) {
+        out_.Append(bytes);
+    } else {
+        out_.Refer(bytes);
+    }
+}
+
 void TextWriter::PutBeyondAscii(std::span<const std::uint8_t> units) {
     if (encoding_ != Encoding::Utf8) return PutEncoded(std::u16string(units.begin(), units.end()));
     RequireRoom(units.size() * 2);
+    char* to = out_.Extend(units.size() * 2);
     for (const std::uint8_t unit : units) {
-        out_ += static_cast<char>(0xC0 | (unit >> 6));
-        out_ += static_cast<char>(0x80 | (unit & 0x3F));
+        *to++ = static_cast<char>(0xC0 | (unit >> 6));
+        *to++ = static_cast<char>(0x80 | (unit & 0x3F));
     }
 }
 
@@ -69,9 +80,7 @@ void TextWriter::Put(std::u16string_view units) {
 
 void TextWriter::PutAscii(std::u16string_view units) {
     RequireRoom(units.size());
-    const std::size_t before = out_.size();
-    out_.resize(before + units.size());
-    std::transform(units.begin(), units.end(), out_.begin() + static_cast<std::ptrdiff_t>(before),
+    std::transform(units.begin(), units.end(), out_.Extend(units.size()),
                    [](char16_t unit) { return static_cast<char>(unit); });
 }
 
@@ -96,11 +105,11 @@ void TextWriter::PutEncoded(std::u16string_view units) {
     const EncodedText encoded = EncodeText(units, encoding_);
     if (!encoded) RaiseNoBytesFor(units[encoded.BadPosition - 1]);
     RequireRoom(encoded.Bytes.size());
-    out_ += encoded.Bytes;
+    out_.Append(encoded.Bytes);
 }
 
 void TextWriter::RequireRoom(std::size_t bytes) const {
-    if (bytes > mostFileBytes - out_.size()) {
+    if (bytes > mostFileBytes - out_.Size()) {
         throw ControlError(ErrorKind::Overflow, "The corrected file would be larger than 2 GiB");
     }
 }

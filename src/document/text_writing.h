@@ -3,10 +3,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 
 #include "base/text_store.h"
+#include "platform/byte_rope.h"
 #include "platform/encoding.h"
 
 namespace quorvale {
@@ -17,15 +17,16 @@ inline constexpr std::size_t mostFileBytes = 2147483647 - 3;
 
 /// Writes a text as bytes, piece by piece: the counterpart of reading a file. A character may be
 /// split between two pieces. Fails with InvalidValue for a character that the encoding has no
-/// bytes for, and with Overflow before more than `mostFileBytes` stand in the string.
+/// bytes for, and with Overflow before more than `mostFileBytes` stand in the rope.
 class TextWriter {
 public:
-    /// The string must outlive the writer; it may be emptied between two pieces. `encoding` is not
+    /// The rope must outlive the writer; it may be emptied between two pieces. `encoding` is not
     /// `Automatic`.
-    TextWriter(Encoding encoding, std::string& out) : encoding_(encoding), out_(out) {}
+    TextWriter(Encoding encoding, ByteRope& out) : encoding_(encoding), out_(out) {}
 
     void Put(std::u16string_view units);
-    /// Units up to U+00FF, one in each byte.
+    /// Units up to U+00FF, one in each byte. Where these are the very bytes the rope may refer to
+    /// them: they must stay as long as it is in use.
     void Put(std::span<const std::uint8_t> units);
     void Put(std::span<const char16_t> units) {
         Put(std::u16string_view(units.data(), units.size()));
@@ -39,13 +40,14 @@ public:
 
 private:
     void RequireRoom(std::size_t bytes) const;
+    void PutSame(std::string_view bytes);
     void PutBeyondAscii(std::span<const std::uint8_t> units);
     void PutAscii(std::u16string_view units);
     void PutEncoded(std::u16string_view units);
     std::u16string_view WithoutHalf(std::u16string_view units);
 
     Encoding encoding_;
-    std::string& out_;
+    ByteRope& out_;
     /// The first half of a character whose second half is still to come; 0 for none.
     char16_t half_ = 0;
 };

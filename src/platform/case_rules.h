@@ -1,11 +1,13 @@
 #pragma once
 
+#include "base/export.h"
+
 namespace quorvale {
 
 /// Which characters are the same when the search does not look at case. A unit always becomes one
 /// unit, so that places in a text stay where they are. Every unit is asked for once, before the
 /// first search.
-class CaseRules {
+class QUORVALE_CORE_EXPORT CaseRules {
 public:
     virtual ~CaseRules() = default;
 

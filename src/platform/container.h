@@ -3,12 +3,13 @@
 #include <string>
 #include <string_view>
 
+#include "base/export.h"
 #include "platform/font.h"
 
 namespace quorvale {
 
 /// The place in the host that holds the control: what surrounds it and whom it tells of changes.
-class Container {
+class QUORVALE_CORE_EXPORT Container {
 public:
     virtual ~Container() = default;
 

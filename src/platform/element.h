@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/export.h"
 #include "base/units.h"
 
 namespace quorvale {
@@ -13,7 +14,7 @@ class Element;
 
 /// Hears of every property that is about to be set. It may throw: the element then refuses.
 /// A surface uses it to know that something is to be drawn again, a test to let a call fail.
-class ElementWatcher {
+class QUORVALE_CORE_EXPORT ElementWatcher {
 public:
     virtual ~ElementWatcher() = default;
     virtual void Setting(const Element& element, std::string_view property) = 0;
@@ -21,7 +22,7 @@ public:
 
 /// One piece of the control's surface, as data: the core sets it, a surface shows it. Setting a
 /// position or size never runs a handler.
-class Element {
+class QUORVALE_CORE_EXPORT Element {
 public:
     explicit Element(std::string name, int index = -1) : name_(std::move(name)), index_(index) {}
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 
+#include "base/export.h"
 #include "platform/variant.h"
 
 namespace quorvale {
@@ -11,9 +12,10 @@ namespace quorvale {
 /// A handler may write into an argument that the description marks as by reference; only
 /// `BeforeFileChange` reads one back. Called on the user-interface thread; a handler may call any
 /// member of the control, or destroy it.
-class EventSink {
+class QUORVALE_CORE_EXPORT EventSink {
 public:
     virtual ~EventSink() = default;
+    /// An event by its id (see event_id), raised in the middle of what caused it.
     virtual void OnEvent(std::int32_t id, std::span<Variant> arguments) = 0;
 };
 

@@ -81,6 +81,14 @@ FileDigest DigestBuilder::Digest() const {
     return {size_, Scattered(high), Scattered(low)};
 }
 
+LateDigest::operator const FileDigest&() const {
+    if (work_) {
+        known_ = work_();
+        work_ = nullptr;
+    }
+    return known_;
+}
+
 FileDigest DigestOf(std::string_view bytes) {
     DigestBuilder builder;
     builder.Add(bytes);

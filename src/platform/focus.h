@@ -2,13 +2,15 @@
 
 #include <functional>
 
+#include "base/export.h"
+
 namespace quorvale {
 
 /// The elements that can hold the keyboard focus.
 enum class FocusChild { None, TextArea, SearchBox, LineBox, Editor, FoundList };
 
 /// Which element of one control has the keyboard focus. At most one does.
-class Focus {
+class QUORVALE_CORE_EXPORT Focus {
 public:
     /// Asked before the focus moves; false refuses. A surface answers whether the element can be
     /// reached and moves its own focus. Without it every move is granted.

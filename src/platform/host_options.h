@@ -25,6 +25,16 @@ struct HostOptions {
     /// rows.
     bool OfferEditing = false;
 
+    /// Off: corrections are saved beside the file, and a commit writes them into it. On: they are
+    /// shown, and nothing else: the journal is neither saved nor deleted, nothing is edited, taken
+    /// back or committed. For a file that somebody else corrects just now.
+    bool ReadOnly = false;
+
+    /// The editor opens over at most so many lines, and so many characters in them; 0 for any
+    /// number. `HostCorrections::TooMuchToEdit` is called instead where there are more.
+    std::int32_t MostEditedLines = 0;
+    std::int32_t MostEditedCharacters = 0;  ///< in UTF-16 units, line breaks included
+
     /// Off: a commit ends every line with CR LF and writes blanks for tabs, except in corrected
     /// lines. On: it leaves all but the corrected lines as they are, byte for byte.
     bool KeepLineFormat = false;

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/export.h"
 #include "platform/element.h"
 #include "platform/font.h"
 #include "platform/shared_text.h"
@@ -10,7 +11,7 @@
 namespace quorvale {
 
 /// What every element that shows text or a ground has: two colours and a font of its own.
-class PaintedElement : public Element {
+class QUORVALE_CORE_EXPORT PaintedElement : public Element {
 public:
     using Element::Element;
 
@@ -39,7 +40,7 @@ private:
 
 /// One line of plain text on an opaque ground, left aligned and cut at its right edge. Nothing in
 /// the caption is interpreted: no access keys, no markup, no tabs, no breaks.
-class Label : public PaintedElement {
+class QUORVALE_CORE_EXPORT Label : public PaintedElement {
 public:
     using PaintedElement::PaintedElement;
 

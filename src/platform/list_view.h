@@ -9,13 +9,14 @@
 #include <string>
 #include <utility>
 
+#include "base/export.h"
 #include "platform/simple_elements.h"
 
 namespace quorvale {
 
 /// What a list shows. A row is asked for only when it is seen or used, so ten million rows need not
 /// be ten million texts. Rows and columns count from 0; rows never change, but more may come.
-class ListRows {
+class QUORVALE_CORE_EXPORT ListRows {
 public:
     virtual ~ListRows() = default;
 
@@ -35,7 +36,7 @@ public:
 
 /// A list in report mode: three columns with headers, and rows of which at most one is selected.
 /// Nothing is selected by itself. A list that is hidden or disabled refuses what a user does.
-class ListView : public PaintedElement {
+class QUORVALE_CORE_EXPORT ListView : public PaintedElement {
 public:
     using PaintedElement::PaintedElement;
 

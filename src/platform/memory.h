@@ -3,13 +3,17 @@
 #include <cstddef>
 #include <memory>
 
+#include "base/export.h"
+
 namespace quorvale {
 
 /// A large stretch of raw memory, given back when it goes.
-class MemoryBlock {
+class QUORVALE_CORE_EXPORT MemoryBlock {
 public:
     virtual ~MemoryBlock() = default;
+    /// Its first byte.
     virtual std::byte* Data() = 0;
+    /// In bytes: as many as were asked for, or more.
     virtual std::size_t Size() const = 0;
 
     /// Gives everything from `keep` bytes on back to the system where it can; the first `keep`
@@ -23,7 +27,7 @@ public:
 
 /// Where documents get their memory from. A real one may ask the system for huge pages; the plain
 /// one uses the allocator. Called by loading, once or a few times per document.
-class BlockMemory {
+class QUORVALE_CORE_EXPORT BlockMemory {
 public:
     virtual ~BlockMemory() = default;
 
@@ -32,14 +36,15 @@ public:
 };
 
 /// The allocator's memory.
-class PlainMemory final : public BlockMemory {
+class QUORVALE_CORE_EXPORT PlainMemory final : public BlockMemory {
 public:
     std::unique_ptr<MemoryBlock> Allocate(std::size_t size) override;
 };
 
 /// Refuses every request after the first `grants`: for tests of what a full memory does.
-class FailingMemory final : public BlockMemory {
+class QUORVALE_CORE_EXPORT FailingMemory final : public BlockMemory {
 public:
+    /// The number of requests that are granted.
     explicit FailingMemory(int grants) : grants_(grants) {}
     std::unique_ptr<MemoryBlock> Allocate(std::size_t size) override;
 

@@ -81,29 +81,59 @@ FileResult<bool> MemoryFiles::Exists(std::u16string_view name) { return files_.c
 
 std::u16string MemoryFiles::AbsoluteName(std::u16string_view name) { return std::u16string(name); }
 
-FileResult<Done> MemoryFiles::SaveJournal(std::u16string_view journal, std::u16string_view document,
-                                          std::string_view bytes) {
-    spent_.erase(std::u16string(document));
-    Put(std::u16string(journal), std::string(bytes));
+FileResult<Done> MemoryFiles::SaveJournal(const JournalPlace& journal, std::string_view bytes) {
+    if (MayBeInDocument(journal)) {
+        displaced_.emplace_back(bytes);
+        return FileFailure{"save", journal.Name, "The corrections may be in the file already"};
+    }
+    const auto spent = spent_.find(journal.Document);
+    if (spent == spent_.end()) {
+        SetForeignAside(journal);
+    } else {
+        spent_.erase(spent);
+    }
+    Put(journal.Name, std::string(bytes));
     return Done{};
 }
 
-FileResult<Done> MemoryFiles::DeleteJournal(std::u16string_view journal, bool force) {
-    if (!force && readOnly_.contains(journal)) {
-        return FileFailure{"delete", std::u16string(journal), "Permission denied"};
+FileResult<Done> MemoryFiles::DeleteJournal(const JournalPlace& journal, bool force) {
+    SetForeignAside(journal);
+    return RemoveJournal(journal.Name, force);
+}
+
+bool MemoryFiles::MayBeInDocument(const JournalPlace& journal) const {
+    if (journal.Document.empty() || !journal.Loaded || journal.Known.empty()) return false;
+    const std::string* const document = Bytes(journal.Document);
+    return Bytes(journal.Name) == nullptr && document != nullptr &&
+           DigestOf(*document) != *journal.Loaded;
+}
+
+void MemoryFiles::SetForeignAside(const JournalPlace& journal) {
+    const std::string* const bytes = Bytes(journal.Name);
+    if (bytes == nullptr || journal.Document.empty()) return;
+    const auto& known = journal.Known;
+    if (std::find(known.begin(), known.end(), DigestOf(*bytes)) != known.end()) return;
+    displaced_.push_back(*bytes);
+    Remove(journal.Name);
+}
+
+FileResult<Done> MemoryFiles::RemoveJournal(std::u16string_view name, bool force) {
+    if (!force && readOnly_.contains(name) && Bytes(name) != nullptr) {
+        return FileFailure{"delete", std::u16string(name), "Permission denied"};
     }
-    Remove(journal);
+    Remove(name);
     return Done{};
 }
 
 FileResult<Done> MemoryFiles::ReplaceDocument(const Replacement& replacement) {
-    Put(replacement.Document, std::string(replacement.NewBytes));
+    Put(replacement.Document, replacement.NewBytes.Gathered());
     spent_[replacement.Document] = replacement.Journal;
     return Done{};
 }
 
 FileResult<Done> MemoryFiles::RemoveSpentJournal(const Replacement& replacement) {
-    auto removed = DeleteJournal(replacement.Journal, false);
+    auto removed = DeleteJournal(
+        {replacement.Journal, replacement.Document, replacement.KnownJournals}, false);
     if (removed) spent_.erase(replacement.Document);
     return removed;
 }
@@ -112,7 +142,7 @@ FileResult<JournalStanding> MemoryFiles::Recover(std::u16string_view document,
                                                  std::u16string_view journal) {
     const auto spent = spent_.find(document);
     if (spent == spent_.end() || spent->second != journal) return JournalStanding::InForce;
-    if (!DeleteJournal(journal, false)) return JournalStanding::Spent;
+    if (!RemoveJournal(journal, false)) return JournalStanding::Spent;
     spent_.erase(spent);
     return JournalStanding::InForce;
 }
@@ -144,14 +174,13 @@ FileResult<std::unique_ptr<ReadStream>> FailingFiles::OpenJournalForReading(
     return Spoiled(real_.OpenJournalForReading(name), name);
 }
 
-FileResult<Done> FailingFiles::SaveJournal(std::u16string_view journal,
-                                           std::u16string_view document, std::string_view bytes) {
-    if (FailSave) return MadeToFail("save", journal);
-    return real_.SaveJournal(journal, document, bytes);
+FileResult<Done> FailingFiles::SaveJournal(const JournalPlace& journal, std::string_view bytes) {
+    if (FailSave) return MadeToFail("save", journal.Name);
+    return real_.SaveJournal(journal, bytes);
 }
 
-FileResult<Done> FailingFiles::DeleteJournal(std::u16string_view journal, bool force) {
-    if (FailDelete) return MadeToFail("delete", journal);
+FileResult<Done> FailingFiles::DeleteJournal(const JournalPlace& journal, bool force) {
+    if (FailDelete) return MadeToFail("delete", journal.Name);
     return real_.DeleteJournal(journal, force);
 }
 

@@ -5,13 +5,14 @@
 #include <string>
 #include <vector>
 
+#include "base/export.h"
 #include "platform/toolbar.h"
 
 namespace quorvale {
 
 /// A context menu. Popping it up returns at once: the surface shows it, and what the user picks
 /// comes back later through `UserPick`.
-class Menu : public Element {
+class QUORVALE_CORE_EXPORT Menu : public Element {
 public:
     using Element::Element;
 

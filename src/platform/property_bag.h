@@ -4,12 +4,13 @@
 #include <string>
 #include <string_view>
 
+#include "base/export.h"
 #include "platform/variant.h"
 
 namespace quorvale {
 
 /// Where a host keeps the settings of one control, with the form that the control lies on.
-class PropertyBag {
+class QUORVALE_CORE_EXPORT PropertyBag {
 public:
     virtual ~PropertyBag() = default;
 
@@ -22,20 +23,21 @@ public:
 };
 
 /// A bag in memory: for tests, and for hosts that store it in their own way.
-class MemoryBag final : public PropertyBag {
+class QUORVALE_CORE_EXPORT MemoryBag final : public PropertyBag {
 public:
+    /// What is stored, by key; a host may fill it.
     std::map<std::u16string, Variant, std::less<>> Values;
 
     Variant Read(std::u16string_view key) override;
     void Write(std::u16string_view key, const Variant& value, const Variant& defaultValue) override;
 };
 
-/// A value as text that a person can read in a settings file; "" for what cannot be stored: an
-/// empty value, an object or a picture. A number comes back as a Long where it is whole and fits,
-/// else as a Double.
-std::u16string TextOfValue(const Variant& value);
+/// A value as text that a person can read in a settings file and that stands for the same value of
+/// the same type again; "" for what cannot be stored: an empty value, an object or a picture.
+QUORVALE_CORE_EXPORT std::u16string TextOfValue(const Variant& value);
 
-/// The value that such a text stands for; a String where it has no other reading.
-Variant ValueOfText(std::u16string_view text);
+/// The value that such a text stands for: the type that it names ("Single:240"), a Boolean, a Long
+/// where it is a whole number that fits, a Double where it is another one, else a String.
+QUORVALE_CORE_EXPORT Variant ValueOfText(std::u16string_view text);
 
 }  // namespace quorvale

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 
+#include "base/export.h"
 #include "platform/element.h"
 
 namespace quorvale {
@@ -10,7 +11,7 @@ namespace quorvale {
 /// A scroll bar as a form control behaves: it refuses a value outside its range, moves its value
 /// when its range moves, and runs `OnChange` whenever the value moved, whoever moved it. `Max` may
 /// lie below `Min`: such a bar cannot be moved by the user.
-class ScrollBar : public Element {
+class QUORVALE_CORE_EXPORT ScrollBar : public Element {
 public:
     using Element::Element;
 

@@ -5,11 +5,13 @@
 #include <string_view>
 #include <utility>
 
+#include "base/export.h"
+
 namespace quorvale {
 
 /// A text that is shared, not copied: a caption may be the display form of a line of a hundred
 /// million characters. Immutable; compares by content.
-class SharedText {
+class QUORVALE_CORE_EXPORT SharedText {
 public:
     SharedText() = default;
     explicit SharedText(std::u16string text)

@@ -3,13 +3,14 @@
 #include <functional>
 #include <utility>
 
+#include "base/export.h"
 #include "platform/label.h"
 #include "platform/picture.h"
 
 namespace quorvale {
 
 /// A picture, or the invisible place of one. Without a picture it still takes the mouse.
-class Image : public Element {
+class QUORVALE_CORE_EXPORT Image : public Element {
 public:
     using Element::Element;
 
@@ -31,7 +32,7 @@ private:
 };
 
 /// A straight line between two points.
-class LineShape : public Element {
+class QUORVALE_CORE_EXPORT LineShape : public Element {
 public:
     using Element::Element;
 
@@ -52,7 +53,7 @@ private:
 };
 
 /// A box that holds other elements or the keyboard focus, or just fills a corner.
-class Box : public PaintedElement {
+class QUORVALE_CORE_EXPORT Box : public PaintedElement {
 public:
     using PaintedElement::PaintedElement;
 
@@ -67,7 +68,7 @@ private:
 };
 
 /// A push button with a picture.
-class CommandButton : public Element {
+class QUORVALE_CORE_EXPORT CommandButton : public Element {
 public:
     using Element::Element;
 
@@ -86,7 +87,7 @@ private:
 };
 
 /// Calls back every `Interval` milliseconds while it is enabled. The surface delivers the ticks.
-class Timer : public Element {
+class QUORVALE_CORE_EXPORT Timer : public Element {
 public:
     explicit Timer(std::string name) : Element(std::move(name)) { SetEnabled(false); }
 

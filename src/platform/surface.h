@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "base/export.h"
 #include "platform/element_array.h"
 #include "platform/focus.h"
 #include "platform/keyed_pictures.h"
@@ -21,7 +22,7 @@ namespace quorvale {
 /// `imgLine` and `lnBorderLeft`; `picExpand` holds `imgEdit`, `imgExpand`, `lnExpand`,
 /// `lnExpandTo`. From back to front: the ground, `lblLine`, `lnGrid`, `imgMarker`, the boxes,
 /// `rtbEdit`, the bars and `picCorner`, the toolbar, `cmdMore`, `lblScrollTip`, `lvFound`.
-class Surface {
+class QUORVALE_CORE_EXPORT Surface {
 public:
     explicit Surface(const TextMetrics& metrics);
 

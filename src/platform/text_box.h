@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "base/export.h"
 #include "platform/keys.h"
 #include "platform/simple_elements.h"
 
@@ -11,13 +12,15 @@ namespace quorvale {
 
 /// A box in which the user types. `OnChange` runs whenever the text becomes a different one, by
 /// typing or by code.
-class TextBox : public PaintedElement {
+class QUORVALE_CORE_EXPORT TextBox : public PaintedElement {
 public:
     using PaintedElement::PaintedElement;
 
     std::function<void()> OnChange;
     /// A key goes down in the box; setting the code to 0 swallows it.
     std::function<void(std::int16_t& keyCode, std::int16_t shift)> OnKeyDown;
+    /// The surface's: a character that is still being composed is to become text now.
+    std::function<void()> OnFinishTyping;
 
     const std::u16string& Text() const { return text_; }
     /// What is selected stays as far as the new text reaches.
@@ -27,6 +30,12 @@ public:
         // It may end the control, and this box with it.
         const auto changed = OnChange;
         if (changed) changed();
+    }
+
+    /// Before the text is taken for good: what an input method is composing is meant too.
+    void FinishTyping() {
+        const auto finish = OnFinishTyping;
+        if (finish) finish();
     }
 
     /// Where the insertion point stands and how much is selected from there, in UTF-16 units.

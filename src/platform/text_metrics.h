@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "base/export.h"
 #include "base/units.h"
 #include "platform/font.h"
 
@@ -18,7 +19,7 @@ constexpr double Rounded(double value, Precision precision) {
 
 /// Measures text for the control. What is measured here is what a surface must paint: text as one
 /// line, never bold, unit after unit, no kerning, no interpretation of tabs or breaks.
-class TextMetrics {
+class QUORVALE_CORE_EXPORT TextMetrics {
 public:
     virtual ~TextMetrics() = default;
 

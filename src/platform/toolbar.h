@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/export.h"
 #include "platform/element.h"
 #include "platform/picture.h"
 
@@ -40,7 +41,7 @@ struct ToolbarButton {
 };
 
 /// A row of buttons, some with a menu. Buttons are found by key or by their 1-based place.
-class Toolbar : public Element {
+class QUORVALE_CORE_EXPORT Toolbar : public Element {
 public:
     using Element::Element;
 

@@ -5,6 +5,7 @@
 #include <string>
 #include <variant>
 
+#include "base/export.h"
 #include "platform/font.h"
 #include "platform/picture.h"
 
@@ -19,17 +20,17 @@ using Variant =
 
 /// True for an empty value and for every number that is zero. A string is never zero, whatever it
 /// reads, so a picture key "0" stays a key. False counts as zero.
-bool IsZero(const Variant& value);
+QUORVALE_CORE_EXPORT bool IsZero(const Variant& value);
 
 /// Conversions to what a member asks for. TypeMismatch when the value has no such reading,
 /// Overflow when it is out of range; fractions are rounded to nearest, ties to even.
-std::int16_t ToShort(const Variant& value);
-std::int32_t ToLong(const Variant& value);
-float ToSingle(const Variant& value);
-bool ToBoolean(const Variant& value);
-std::u16string ToString(const Variant& value);
+QUORVALE_CORE_EXPORT std::int16_t ToShort(const Variant& value);
+QUORVALE_CORE_EXPORT std::int32_t ToLong(const Variant& value);
+QUORVALE_CORE_EXPORT float ToSingle(const Variant& value);
+QUORVALE_CORE_EXPORT bool ToBoolean(const Variant& value);
+QUORVALE_CORE_EXPORT std::u16string ToString(const Variant& value);
 
 /// A colour: the 32 bits of a Long, so that 0x8000000F may arrive as a negative number.
-Colour ToColour(const Variant& value);
+QUORVALE_CORE_EXPORT Colour ToColour(const Variant& value);
 
 }  // namespace quorvale

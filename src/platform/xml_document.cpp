@@ -27,21 +27,30 @@ void XmlNode::AppendChild(XmlNodePtr child) {
     if (child->parent_ != nullptr) child->parent_->RemoveChild(*child);
     children_.push_back(std::move(child));
     children_.back()->parent_ = this;
+    children_.back()->place_ = children_.size() - 1;
 }
 
 bool XmlNode::RemoveChild(const XmlNode& child) {
     if (child.parent_ != this) return false;
-    const auto found =
-        std::find_if(children_.begin(), children_.end(),
-                     [&child](const XmlNodePtr& each) { return each.get() == &child; });
-    (*found)->parent_ = nullptr;
-    children_.erase(found);
+    const XmlNodePtr taken = std::exchange(children_[child.place_], nullptr);
+    taken->parent_ = nullptr;
+    ++gaps_;
     return true;
 }
 
 void XmlNode::RemoveAllChildren() {
-    for (const XmlNodePtr& child : children_) child->parent_ = nullptr;
+    for (const XmlNodePtr& child : ChildNodes()) child->parent_ = nullptr;
     children_.clear();
+}
+
+const std::vector<XmlNodePtr>& XmlNode::ChildNodes() const {
+    if (gaps_ == 0) return children_;
+    std::erase(children_, nullptr);
+    gaps_ = 0;
+    for (std::size_t place = 0; place < children_.size(); ++place) {
+        children_[place]->place_ = place;
+    }
+    return children_;
 }
 
 namespace {

@@ -7,13 +7,16 @@
 #include <utility>
 #include <vector>
 
+#include "base/export.h"
+
 namespace quorvale {
 
 enum class XmlKind { Document, Element, Text, CData, Comment, Instruction };
 
+/// A name with its value.
 struct XmlAttribute {
-    std::u16string Name;
-    std::u16string Value;
+    std::u16string Name;   ///< as written, with its prefix
+    std::u16string Value;  ///< with references resolved
 };
 
 class XmlNode;
@@ -22,14 +25,16 @@ using XmlNodePtr = std::shared_ptr<XmlNode>;
 /// One node of an XML document. Nodes are shared: one that was taken out of its document, or whose
 /// document is gone, stays readable for whoever holds it and simply has no parent. The order of
 /// children and attributes is that of the file.
-class XmlNode {
+class QUORVALE_CORE_EXPORT XmlNode {
 public:
+    /// A node without a parent; which of name and data it has depends on its kind.
     explicit XmlNode(XmlKind kind, std::u16string name = {}, std::u16string data = {})
         : kind_(kind), name_(std::move(name)), data_(std::move(data)) {}
     ~XmlNode();
     XmlNode(const XmlNode&) = delete;
     XmlNode& operator=(const XmlNode&) = delete;
 
+    /// It never changes.
     XmlKind Kind() const { return kind_; }
     /// Of an element its name as written, with its prefix; of an instruction its target.
     const std::u16string& Name() const { return name_; }
@@ -38,14 +43,18 @@ public:
 
     /// Null for a document, and for a node that was taken out.
     XmlNode* ParentNode() const { return parent_; }
-    const std::vector<XmlNodePtr>& ChildNodes() const { return children_; }
-    bool HasChildNodes() const { return !children_.empty(); }
+    /// In the order of the file.
+    const std::vector<XmlNodePtr>& ChildNodes() const;
+    /// Whether there is any, white space kept as a node included.
+    bool HasChildNodes() const { return children_.size() > gaps_; }
     /// Null when there is none.
-    XmlNodePtr FirstChild() const { return children_.empty() ? nullptr : children_.front(); }
+    XmlNodePtr FirstChild() const { return HasChildNodes() ? ChildNodes().front() : nullptr; }
 
+    /// In the order of the file; empty for what is no element.
     const std::vector<XmlAttribute>& Attributes() const { return attributes_; }
     /// Null when the element has no such attribute.
     const std::u16string* GetAttribute(std::u16string_view name) const;
+    /// Changes the attribute, or adds it behind the others.
     void SetAttribute(std::u16string_view name, std::u16string value);
     /// All of them at once; their names differ.
     void SetAttributes(std::vector<XmlAttribute> attributes) {
@@ -54,8 +63,10 @@ public:
 
     /// Makes a node the last child; it leaves the parent that it had.
     void AppendChild(XmlNodePtr child);
-    /// False, and nothing changes, when the node is no child of this one.
+    /// False, and nothing changes, when the node is no child of this one. Taking many out one after
+    /// the other costs no more than looking at them.
     bool RemoveChild(const XmlNode& child);
+    /// Whoever holds one of them keeps it.
     void RemoveAllChildren();
 
     /// Every element of that name below this node, in document order; those of a namespace of their
@@ -69,16 +80,20 @@ private:
     std::u16string name_;
     std::u16string data_;
     std::vector<XmlAttribute> attributes_;
-    std::vector<XmlNodePtr> children_;
+    /// Where children were taken out there are gaps, until somebody looks.
+    mutable std::vector<XmlNodePtr> children_;
+    mutable std::size_t gaps_ = 0;
     XmlNode* parent_ = nullptr;
+    /// Where it stands among the children of its parent.
+    std::size_t place_ = 0;
 };
 
 /// A whole document: its nodes outside and including the one document element.
 using XmlDocument = XmlNode;
 using XmlDocumentPtr = std::shared_ptr<XmlDocument>;
 
-XmlDocumentPtr CreateXmlDocument();
-XmlNodePtr CreateXmlElement(std::u16string name);
-XmlNodePtr CreateXmlText(std::u16string data);
+QUORVALE_CORE_EXPORT XmlDocumentPtr CreateXmlDocument();
+QUORVALE_CORE_EXPORT XmlNodePtr CreateXmlElement(std::u16string name);
+QUORVALE_CORE_EXPORT XmlNodePtr CreateXmlText(std::u16string data);
 
 }  // namespace quorvale

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/export.h"
 #include "platform/files.h"
 #include "platform/xml_document.h"
 
@@ -23,7 +24,7 @@ struct XmlReadOptions {
 struct XmlParseError {
     /// 0-based byte.
     std::size_t Position = 0;
-    std::string Reason;
+    std::string Reason;  ///< for people
     /// Nothing says that the document is malformed: it is over a limit, or in an encoding that is
     /// not read here. Whoever would throw a malformed file away keeps such a one.
     bool CannotBeRead = false;
@@ -31,19 +32,23 @@ struct XmlParseError {
 
 /// A document, or why there is none.
 struct XmlReading {
-    XmlDocumentPtr Document;
-    XmlParseError ParseError;
+    XmlDocumentPtr Document;   ///< null when it could not be read
+    XmlParseError ParseError;  ///< of no meaning when it could
 
+    /// Whether there is a document.
     explicit operator bool() const { return Document != nullptr; }
 };
 
 /// Reads and writes XML. What is read may come from an enemy: a document type declaration is
 /// refused as malformed, and nothing is ever fetched or expanded; what is over a limit cannot be
 /// read. Attributes count as nodes, and so does every stretch of text.
-class XmlService {
+class QUORVALE_CORE_EXPORT XmlService {
 public:
+    /// The largest document that is read.
     static constexpr std::size_t MaxBytes = std::size_t{1} << 30;
+    /// The deepest nesting of elements that is read.
     static constexpr std::size_t MaxDepth = 256;
+    /// The greatest number of nodes that is read.
     static constexpr std::size_t MaxNodes = 5'000'000;
 
     virtual ~XmlService() = default;
@@ -56,9 +61,11 @@ public:
     virtual XmlReading Read(std::string_view bytes, const XmlReadOptions& options) = 0;
 
     /// UTF-8 without a byte order mark, nothing indented, line feeds alone, no declaration that
-    /// names another encoding. Whatever `Read` can deliver can be written, and comes back the same:
-    /// characters that XML does not allow become numeric references, which `Read` takes though
-    /// other tools do not. Fails for NUL, for lone surrogates, and for a tree that is no document.
+    /// names another encoding. Whatever `Read` can deliver can be written, unless it grows over a
+    /// limit on the way, and comes back the same: characters that XML does not allow become numeric
+    /// references, which `Read` takes though other tools do not. Fails for NUL, for lone
+    /// surrogates, for a tree that is no document, and for one that could not be read again because
+    /// of a limit.
     virtual FileResult<std::string> Write(const XmlDocument& document) = 0;
 };
 

@@ -5,7 +5,6 @@
 
 #include "base/text.h"
 #include "base/utf8.h"
-#include "platform/xml_service.h"
 #include "platform/xml_text.h"
 
 namespace quorvale {
@@ -19,6 +18,8 @@ struct Unwritable {
 
 class XmlWriter {
 public:
+    explicit XmlWriter(const XmlLimits& limits) : limits_(limits) {}
+
     std::string Write(const XmlDocument& document) {
         const auto& nodes = document.ChildNodes();
         const auto elements = std::count_if(nodes.begin(), nodes.end(), [](const XmlNodePtr& node) {
@@ -36,6 +37,7 @@ public:
                 WriteNode(*node, 1);
             }
         }
+        CheckSize();
         return std::move(out_);
     }
 
@@ -52,10 +54,23 @@ private:
         }
         while (!data.empty() && IsXmlSpace(XmlUnit(data.back()))) data.pop_back();
         if (data.find("?>") != data.npos) throw Unwritable{"An instruction holds its own end"};
-        if (!data.empty()) out_.append("<?xml ").append(data).append("?>");
+        if (data.empty()) return;
+        Count();
+        out_.append("<?xml ").append(data).append("?>");
+    }
+
+    void Count() {
+        if (++nodes_ > limits_.Nodes) throw Unwritable{"The document has too many nodes"};
+        CheckSize();
+    }
+
+    void CheckSize() const {
+        if (out_.size() > limits_.Bytes) throw Unwritable{"The document is too large"};
     }
 
     void WriteNode(const XmlNode& node, std::size_t depth) {
+        // A text without characters is not written.
+        if (node.Kind() != XmlKind::Text || !node.Data().empty()) Count();
         switch (node.Kind()) {
             case XmlKind::Element:
                 return WriteElement(node, depth);
@@ -73,10 +88,11 @@ private:
     }
 
     void WriteElement(const XmlNode& node, std::size_t depth) {
-        if (depth > XmlService::MaxDepth) throw Unwritable{"The elements are nested too deeply"};
+        if (depth > limits_.Depth) throw Unwritable{"The elements are nested too deeply"};
         out_ += '<';
         WriteName(node.Name());
         for (const XmlAttribute& attribute : node.Attributes()) {
+            Count();
             out_ += ' ';
             WriteName(attribute.Name);
             out_ += "=\"";
@@ -165,14 +181,16 @@ private:
         AppendUtf8(out_, unit);
     }
 
+    const XmlLimits& limits_;
     std::string out_;
+    std::size_t nodes_ = 0;
 };
 
 }  // namespace
 
-FileResult<std::string> WriteXml(const XmlDocument& document) {
+FileResult<std::string> WriteXml(const XmlDocument& document, const XmlLimits& limits) {
     try {
-        return XmlWriter().Write(document);
+        return XmlWriter(limits).Write(document);
     } catch (const Unwritable& unwritable) {
         return FileFailure{"write XML", u"", unwritable.Reason};
     }

@@ -1,9 +1,14 @@
 #include "qt/editor_mirror.h"
 
 #include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QTextBlock>
 #include <QTextCursor>
+#include <QTextLayout>
 #include <QtMath>
 #include <algorithm>
 
@@ -32,6 +37,7 @@ EditorMirror::EditorMirror(ControlLinkPtr link, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     document()->setDocumentMargin(0);
     hide();
+    connect(document(), &QTextDocument::contentsChange, this, &EditorMirror::takeChange);
     connect(this, &QPlainTextEdit::textChanged, this, &EditorMirror::takeText);
 }
 
@@ -43,7 +49,7 @@ void EditorMirror::mirror(const Surface& surface, QPoint controlOrigin) {
     }
     showing_ = true;
     showLook(box);
-    showText(box);
+    showText(box, isHidden());
     showing_ = false;
     place(surface, controlOrigin);
     if (isHidden()) {
@@ -52,17 +58,23 @@ void EditorMirror::mirror(const Surface& surface, QPoint controlOrigin) {
     }
 }
 
-void EditorMirror::showText(const TextBox& box) {
-    if (textOf(*document()) == box.Text()) return;
+// An editor that was hidden is opened anew: what was typed into other lines is no step to go back
+// to, even where these have the same text.
+void EditorMirror::showText(const TextBox& box, bool anew) {
+    if (!anew && shown_ == box.Revision()) return;
+    shown_ = box.Revision();
+    if (!anew && text_ == box.Text()) return;
+    if (!composed().isEmpty()) QGuiApplication::inputMethod()->reset();
     // What was there before is no step to go back to.
     document()->setUndoRedoEnabled(false);
     QTextCursor cursor(document());
     cursor.select(QTextCursor::Document);
     insertText(cursor, box.Text());
     document()->setUndoRedoEnabled(true);
+    document()->setModified(false);
     cursor.setPosition(0);
     setTextCursor(cursor);
-    composing_ = false;
+    text_ = box.Text();
 }
 
 void EditorMirror::showLook(const TextBox& box) {
@@ -82,12 +94,41 @@ void EditorMirror::place(const Surface& surface, QPoint controlOrigin) {
                            ? qRound(toPixels(surface.scrHorz.Top())) + controlOrigin.y()
                            : parentWidget()->height();
     area.setHeight(std::max(area.height(), std::min(rows, lowest - area.top())));
+    // A character that is higher than the row is no reason for a bar beside a few lines.
+    setVerticalScrollBarPolicy(area.height() < rows ? Qt::ScrollBarAsNeeded
+                                                    : Qt::ScrollBarAlwaysOff);
     if (geometry() != area) setGeometry(area);
+}
+
+void EditorMirror::takeChange(int from, int, int added) {
+    if (!showing_) followChange(text_, *document(), from, added);
 }
 
 void EditorMirror::takeText() {
     if (showing_) return;
-    link_->run([&](Surface& surface) { surface.rtbEdit.SetText(textOf(*document())); });
+    link_->run([&](Surface& surface) {
+        surface.rtbEdit.SetText(text_);
+        shown_ = surface.rtbEdit.Revision();
+    });
+}
+
+QString EditorMirror::composed() const {
+    const QTextLayout* const layout = textCursor().block().layout();
+    return layout == nullptr ? QString() : layout->preeditAreaText();
+}
+
+// Not every input method knows what to commit is; of those some commit when they are reset. What
+// is left then is ours to type.
+void EditorMirror::finishComposition() {
+    if (composed().isEmpty()) return;
+    QGuiApplication::inputMethod()->commit();
+    if (composed().isEmpty()) return;
+    QGuiApplication::inputMethod()->reset();
+    const QString left = composed();
+    if (left.isEmpty()) return;
+    QInputMethodEvent event;
+    event.setCommitString(left);
+    QCoreApplication::sendEvent(this, &event);
 }
 
 // Text that is typed beside a sign would remember what the sign stands for.
@@ -96,7 +137,7 @@ void EditorMirror::typePlainly() {
 }
 
 void EditorMirror::keyPressEvent(QKeyEvent* event) {
-    if (!composing_ && !mayType(link_, &Surface::rtbEdit, *event)) {
+    if (composed().isEmpty() && !mayType(link_, &Surface::rtbEdit, *event)) {
         event->accept();
         return;
     }
@@ -111,18 +152,12 @@ void EditorMirror::keyPressEvent(QKeyEvent* event) {
 }
 
 void EditorMirror::keyReleaseEvent(QKeyEvent* event) {
-    if (composing_ || mayRelease(link_, *event)) QPlainTextEdit::keyReleaseEvent(event);
+    if (!composed().isEmpty() || mayRelease(link_, *event)) QPlainTextEdit::keyReleaseEvent(event);
 }
 
 void EditorMirror::inputMethodEvent(QInputMethodEvent* event) {
-    composing_ = !event->preeditString().isEmpty();
     typePlainly();
     QPlainTextEdit::inputMethodEvent(event);
-}
-
-void EditorMirror::focusOutEvent(QFocusEvent* event) {
-    composing_ = false;
-    QPlainTextEdit::focusOutEvent(event);
 }
 
 // Esc and Ctrl+Enter belong to the editor before any shortcut of its window.

@@ -76,6 +76,12 @@ std::u16string textBetween(const QTextDocument& document, int from, int end) {
     return text;
 }
 
+/// How long the text in front of a place of the document is.
+std::size_t unitsBefore(const QTextDocument& document, int place) {
+    const int lines = document.findBlock(place).blockNumber();
+    return static_cast<std::size_t>(place) + static_cast<std::size_t>(lines);
+}
+
 }  // namespace
 
 void insertText(QTextCursor& cursor, std::u16string_view text) {
@@ -94,6 +100,19 @@ void insertText(QTextCursor& cursor, std::u16string_view text) {
 
 std::u16string textOf(const QTextDocument& document) {
     return textBetween(document, 0, document.characterCount());
+}
+
+// Every character takes one place, and the end of a block one instead of two units.
+void followChange(std::u16string& text, const QTextDocument& document, int from, int added) {
+    const int last = document.characterCount() - 1;
+    const int end = std::min(from + added, last);
+    const std::size_t size = unitsBefore(document, last);
+    const std::size_t before = unitsBefore(document, from);
+    const std::size_t behind = size - unitsBefore(document, end);
+    if (before + behind <= text.size()) {
+        text.replace(before, text.size() - behind - before, textBetween(document, from, end));
+    }
+    if (text.size() != size) text = textOf(document);
 }
 
 std::u16string selectedTextOf(const QTextCursor& cursor) {

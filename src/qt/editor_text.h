@@ -21,6 +21,11 @@ void insertText(QTextCursor& cursor, std::u16string_view text);
 /// The whole document.
 std::u16string textOf(const QTextDocument& document);
 
+/// `text` was the whole document, of which everything from the place `from` on up to what is now
+/// behind `added` characters has become other text: makes it the whole document again. Looks at
+/// what has changed only.
+void followChange(std::u16string& text, const QTextDocument& document, int from, int added);
+
 /// What the cursor has selected.
 std::u16string selectedTextOf(const QTextCursor& cursor);
 

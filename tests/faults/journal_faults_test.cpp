@@ -115,15 +115,15 @@ TEST_F(JournalFaults, AJournalSavedOverASpentOneIsInForceOrNotThere) {
 }
 
 TEST_F(JournalFaults, ADeletedJournalIsThereOrGone) {
-    const std::u16string name = NameOf(shop_.JournalPath().string());
+    const JournalPlace place = shop_.KnownJournal();
     ForEveryFault(
-        "delete", [&](PosixFiles& files) { return bool(files.DeleteJournal(name, true)); },
+        "delete", [&](PosixFiles& files) { return bool(files.DeleteJournal(place, true)); },
         [&](bool succeeded) {
             const auto found = shop_.JournalBytes();
             ASSERT_TRUE(!found || (found == shop_.Journal && !succeeded));
             ASSERT_EQ(shop_.Document(), shop_.Old);
             ASSERT_EQ(shop_.Helpers(), std::vector<std::string>());
-            ASSERT_TRUE(shop_.NewProcess()->DeleteJournal(name, true));
+            ASSERT_TRUE(shop_.NewProcess()->DeleteJournal(place, true));
             ASSERT_EQ(shop_.JournalBytes(), std::nullopt);
         });
 }
@@ -131,12 +131,12 @@ TEST_F(JournalFaults, ADeletedJournalIsThereOrGone) {
 // The journal that belongs to no document: nobody ever loads it.
 TEST_F(JournalFaults, WhatAKilledSaveLeavesGoesWithTheNextOneInThatFolder) {
     shop_.HasJournal = false;
-    const std::u16string name = NameOf((shop_.Root / "here" / "!.xml").string());
+    const JournalPlace place{NameOf((shop_.Root / "here" / "!.xml").string()), u"", {}};
     const auto save = [&](PosixFiles& files) {
-        return bool(files.SaveJournal(name, u"", shop_.NextJournal));
+        return bool(files.SaveJournal(place, shop_.NextJournal));
     };
     ForEveryFault("save for no document", save, [&](bool) {
-        ASSERT_TRUE(shop_.NewProcess()->DeleteJournal(name, true));
+        ASSERT_TRUE(shop_.NewProcess()->DeleteJournal(place, true));
         ASSERT_EQ(BytesOf(shop_.Root / "here" / "!.xml"), std::nullopt);
         ASSERT_EQ(shop_.Helpers(), std::vector<std::string>());
         ASSERT_EQ(shop_.Document(), shop_.Old);

@@ -238,7 +238,7 @@ TEST_F(KeptByACommit, NamesAreLiteral) {
         const auto files = shop_.NewProcess();
         ASSERT_TRUE(shop_.Save(*files, shop_.NextJournal)) << base;
         EXPECT_EQ(shop_.JournalBytes(), shop_.NextJournal);
-        ASSERT_TRUE(files->DeleteJournal(NameOf(shop_.JournalPath().string()), true));
+        ASSERT_TRUE(files->DeleteJournal(shop_.KnownJournal(), true));
         EXPECT_EQ(shop_.JournalBytes(), std::nullopt);
         for (const std::string neighbour : {"a", "b!.xml", "ab", "1!.xml"}) {
             EXPECT_EQ(BytesOf(shop_.Root / "here" / neighbour), "untouched") << base;
@@ -319,7 +319,7 @@ TEST_F(ProtectedJournal, TakesNoNoticeOfTheLimitThatStandsForAGroup) {
 
 TEST_F(ProtectedJournal, WithoutADocumentIsForItsOwnerOnly) {
     const fs::path path = shop_.Root / "here" / "!.xml";
-    ASSERT_TRUE(shop_.NewProcess()->SaveJournal(NameOf(path.string()), u"", "x"));
+    ASSERT_TRUE(shop_.NewProcess()->SaveJournal({NameOf(path.string()), u"", {}}, "x"));
     EXPECT_EQ(ModeOf(path), 0600U);
     fs::remove(shop_.Named());
     EXPECT_EQ(Saved(), 0600U);

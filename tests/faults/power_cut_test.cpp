@@ -46,7 +46,10 @@ protected:
     }
 
     PosixFiles Files(SimulatedDisk& disk) { return {disk, stateFolder}; }
-    Replacement Job() const { return {documentName, journalName, DigestOf(old_), new_}; }
+    Replacement Job() const {
+        return {documentName, journalName, DigestOf(old_), new_, Place().Known};
+    }
+    JournalPlace Place() const { return {journalName, documentName, {DigestOf(journal_)}}; }
 
     /// Every disk that may be found afterwards, each once.
     std::vector<SimulatedDisk::Nodes> Found(std::vector<SimulatedDisk::Moment> moments) {
@@ -245,7 +248,7 @@ TEST_F(PowerCut, WhatWasReportedAsDoneStaysDone) {
             ASSERT_EQ(disk.Bytes(documentPath), new_);
         }
         ASSERT_TRUE(files.RemoveSpentJournal(Job()));
-        ASSERT_TRUE(files.SaveJournal(journalName, documentName, next));
+        ASSERT_TRUE(files.SaveJournal(Place(), next));
         auto moments = disk_.TakeMoments();
         for (const auto& nodes : Found({moments.back()})) {
             SimulatedDisk disk(nodes);
@@ -262,7 +265,7 @@ TEST_F(PowerCut, WhatWasReportedAsDoneStaysDone) {
                 ASSERT_FALSE(name.starts_with(".qbx-")) << name;
             }
         }
-        ASSERT_TRUE(files.DeleteJournal(journalName, true));
+        ASSERT_TRUE(files.DeleteJournal(Place(), true));
         for (const auto& nodes : Found({disk_.TakeMoments().back()})) {
             SimulatedDisk disk(nodes);
             Recover(disk);
@@ -275,7 +278,7 @@ TEST_F(PowerCut, ASavedJournalIsTheOldOneOrTheNewOne) {
     Arrange(true, false);
     const std::string next = NumberedLines(1, 100);
     auto files = Files(disk_);
-    ASSERT_TRUE(files.SaveJournal(journalName, documentName, next));
+    ASSERT_TRUE(files.SaveJournal(Place(), next));
     for (const auto& nodes : Found(disk_.TakeMoments())) {
         SimulatedDisk disk(nodes);
         Recover(disk);
@@ -294,7 +297,7 @@ TEST_F(PowerCut, ASpentJournalNeverComesBack) {
         auto files = Files(disk_);
         ASSERT_TRUE(files.ReplaceDocument(Job()));
         disk_.TakeMoments();
-        ASSERT_TRUE(files.SaveJournal(journalName, documentName, next));
+        ASSERT_TRUE(files.SaveJournal(Place(), next));
         auto moments = disk_.TakeMoments();
         for (const auto& nodes : Found({moments.back()})) {
             SimulatedDisk disk(nodes);

@@ -160,6 +160,7 @@ TEST_P(Replacing, AfterAnyFaultTheSavedJournalIsInForceOrItsCorrectionsAreInTheD
         if (HasFatalFailure()) return;
         if (shop_.Document() == shop_.New) {
             ASSERT_FALSE(saved);
+            ASSERT_FALSE(shop_.Save(files, shop_.NextJournal));
             const auto aside = shop_.Helpers(true);
             ASSERT_EQ(aside.size(), 1U);
             ASSERT_EQ(BytesOf(aside[0]), shop_.NextJournal);

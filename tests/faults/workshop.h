@@ -112,7 +112,14 @@ public:
 
     Replacement Job() const { return JobFrom(Old, New); }
     Replacement JobFrom(const std::string& loaded, const std::string& bytes) const {
-        return {NameOf(Named().string()), NameOf(JournalPath().string()), DigestOf(loaded), bytes};
+        return {NameOf(Named().string()), NameOf(JournalPath().string()), DigestOf(loaded), bytes,
+                KnownJournal().Known};
+    }
+    /// The journal, for a holder of both versions of it.
+    JournalPlace KnownJournal() const {
+        return {NameOf(JournalPath().string()),
+                NameOf(Named().string()),
+                {DigestOf(Journal), DigestOf(NextJournal)}};
     }
 
     /// The file layer of a process.
@@ -127,7 +134,7 @@ public:
         return files.Recover(NameOf(Named().string()), NameOf(JournalPath().string()));
     }
     FileResult<Done> Save(PosixFiles& files, const std::string& bytes) const {
-        return files.SaveJournal(NameOf(JournalPath().string()), NameOf(Named().string()), bytes);
+        return files.SaveJournal(KnownJournal(), bytes);
     }
     FileResult<Done> Commit(PosixFiles& files, const Replacement& job) {
         auto replaced = files.ReplaceDocument(job);

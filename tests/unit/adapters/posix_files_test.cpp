@@ -163,5 +163,21 @@ TEST(PosixFiles, TheFileIsClosedWithTheStream) {
     EXPECT_EQ(openFiles(), before);
 }
 
+TEST(PosixFiles, BytesFromManyPlacesBecomeOneFile) {
+    Write("a.txt", "old");
+    const std::string large(3 << 20, 'a');
+    const std::string larger(9 << 20, 'b');
+    ByteSpans bytes;
+    for (const std::string_view span : {std::string_view(large), std::string_view("small"),
+                                        std::string_view(larger), std::string_view("end")}) {
+        bytes.Add(span);
+    }
+    PosixFiles files;
+    ASSERT_TRUE(files.ReplaceDocument({u"a.txt", u"", DigestOf("old"), bytes}));
+    EXPECT_TRUE(Holds(files, u"a.txt", DigestOf(large + "small" + larger + "end")));
+    ASSERT_TRUE(files.ReplaceDocument({u"a.txt", u"", bytes.Digest(), ByteSpans()}));
+    EXPECT_EQ(Contents(u"a.txt"), "");
+}
+
 }  // namespace
 }  // namespace quorvale

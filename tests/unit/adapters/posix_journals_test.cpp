@@ -34,6 +34,13 @@ std::string Read(FileResult<std::unique_ptr<ReadStream>> journal) {
 
 class PosixJournals : public testing::Test {
 protected:
+    /// The journal of a document, with what lies there known.
+    static JournalPlace Place(const std::u16string& document) {
+        const std::u16string name = document + u"!.xml";
+        const bool there = std::filesystem::is_regular_file(PathOf(name));
+        return {name, document, {DigestOf(there ? Contents(PathOf(name)) : "")}};
+    }
+
     PosixFiles files_{};
 };
 
@@ -42,7 +49,7 @@ TEST_F(PosixJournals, AMissingOneIsNoFailure) {
     EXPECT_EQ(Read(files_.OpenJournalForReading(u"no/such/folder/a!.xml")), "<none>");
     EXPECT_FALSE(*files_.Exists(u"a!.xml"));
     EXPECT_FALSE(*files_.Exists(u"no/such/folder/a!.xml"));
-    EXPECT_TRUE(files_.DeleteJournal(u"a!.xml", false));
+    EXPECT_TRUE(files_.DeleteJournal(Place(u"a"), false));
     Write("a!.xml", "<corrections/>");
     EXPECT_EQ(Read(files_.OpenJournalForReading(u"a!.xml")), "<corrections/>");
     EXPECT_TRUE(*files_.Exists(u"a!.xml"));
@@ -62,11 +69,11 @@ TEST_F(PosixJournals, OnlyARegularFileIsRead) {
 
 TEST_F(PosixJournals, IsSavedAndReplacedWhole) {
     Write("a", "text");
-    ASSERT_TRUE(files_.SaveJournal(u"a!.xml", u"a", "first"));
+    ASSERT_TRUE(files_.SaveJournal(Place(u"a"), "first"));
     EXPECT_EQ(Contents("a!.xml"), "first");
-    ASSERT_TRUE(files_.SaveJournal(u"a!.xml", u"a", ""));
+    ASSERT_TRUE(files_.SaveJournal(Place(u"a"), ""));
     EXPECT_EQ(Contents("a!.xml"), "");
-    auto saved = files_.SaveJournal(u"no/such/folder/a!.xml", u"no/such/folder/a", "x");
+    auto saved = files_.SaveJournal(Place(u"no/such/folder/a"), "x");
     ASSERT_FALSE(saved);
     EXPECT_EQ(saved.Failure().Name, u"no/such/folder/a!.xml");
     EXPECT_EQ(saved.Failure().Reason, "No such file or directory");
@@ -75,29 +82,29 @@ TEST_F(PosixJournals, IsSavedAndReplacedWhole) {
 TEST_F(PosixJournals, AReadOnlyOneGoesWithForceOnly) {
     Write("a!.xml", "x");
     ASSERT_EQ(chmod("a!.xml", 0444), 0);
-    auto deleted = files_.DeleteJournal(u"a!.xml", false);
+    auto deleted = files_.DeleteJournal(Place(u"a"), false);
     ASSERT_FALSE(deleted);
     EXPECT_EQ(deleted.Failure().Operation, "delete");
     EXPECT_EQ(Contents("a!.xml"), "x");
-    EXPECT_TRUE(files_.DeleteJournal(u"a!.xml", true));
+    EXPECT_TRUE(files_.DeleteJournal(Place(u"a"), true));
     EXPECT_EQ(Contents("a!.xml"), "<none>");
 }
 
 TEST_F(PosixJournals, DeletingALinkLeavesItsFile) {
     Write("secret", "secret");
     std::filesystem::create_symlink("secret", "a!.xml");
-    EXPECT_TRUE(files_.DeleteJournal(u"a!.xml", false));
+    EXPECT_TRUE(files_.DeleteJournal(Place(u"a"), false));
     EXPECT_EQ(Contents("secret"), "secret");
     EXPECT_FALSE(std::filesystem::exists(std::filesystem::symlink_status("a!.xml")));
     std::filesystem::create_directory("b!.xml");
-    EXPECT_FALSE(files_.DeleteJournal(u"b!.xml", true));
+    EXPECT_FALSE(files_.DeleteJournal(Place(u"b"), true));
     EXPECT_TRUE(std::filesystem::exists("b!.xml"));
 }
 
 TEST_F(PosixJournals, OfNoDocumentLiesInTheCurrentFolder) {
-    ASSERT_TRUE(files_.SaveJournal(u"!.xml", u"", "x"));
+    ASSERT_TRUE(files_.SaveJournal(Place(u""), "x"));
     EXPECT_EQ(Contents("!.xml"), "x");
-    ASSERT_TRUE(files_.DeleteJournal(u"!.xml", true));
+    ASSERT_TRUE(files_.DeleteJournal(Place(u""), true));
     EXPECT_EQ(Contents("!.xml"), "<none>");
 }
 
@@ -105,8 +112,8 @@ TEST_F(PosixJournals, ANameWithANulIsRefusedByEveryCall) {
     const std::u16string name(u"a\0b", 3);
     EXPECT_FALSE(files_.Exists(name));
     EXPECT_FALSE(files_.OpenJournalForReading(name));
-    EXPECT_FALSE(files_.SaveJournal(name, u"a", "x"));
-    EXPECT_FALSE(files_.DeleteJournal(name, true));
+    EXPECT_FALSE(files_.SaveJournal({name, u"a", {}}, "x"));
+    EXPECT_FALSE(files_.DeleteJournal({name, u"a", {}}, true));
     EXPECT_FALSE(files_.Recover(name, u"a!.xml"));
     EXPECT_FALSE(files_.ReplaceDocument({name, u"a!.xml", {}, "x"}));
     EXPECT_FALSE(std::filesystem::exists("a"));

@@ -217,5 +217,24 @@ TEST_F(CommitTest, TheDigestIsThatOfTheBytesInEveryEncoding) {
     EXPECT_EQ(LoadedDigest(rig.Document), DigestOf(""));
 }
 
+// Symptom: the corrections of the file that was opened meanwhile were dropped, and the one before
+// came back.
+TEST_F(CommitTest, AHostThatLoadsAnotherFileInTheMiddleKeepsIt) {
+    files.OnReplaced = [this] {
+        rig.SetText(u"other");
+        rig.Journal.Open(nullptr);
+        rig.Put({{1, 1, u"Y\n"}});
+    };
+    EXPECT_EQ(Committed(), (Log{"replace /doc.txt", "remove spent /doc.txt!.xml"}));
+    EXPECT_EQ(rig.All(), (std::vector<Correction>{{1, 1, u"Y\n"}}));
+    EXPECT_EQ(*files.Bytes(u"/doc.txt"), "A\r\nB\r\nX\r\n");
+}
+
+TEST_F(CommitTest, AHostThatOnlyShowsCommitsNothing) {
+    rig.Options.ReadOnly = true;
+    EXPECT_EQ(Committed(), Log{});
+    ExpectUntouched();
+}
+
 }  // namespace
 }  // namespace quorvale

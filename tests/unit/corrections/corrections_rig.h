@@ -15,6 +15,7 @@
 #include "corrections/recording.h"
 #include "document/line_access.h"
 #include "document/text_loading.h"
+#include "platform/memory.h"
 #include "platform/message_box.h"
 #include "state/slot_lines.h"
 #include "support/documents.h"
@@ -74,40 +75,42 @@ public:
     LineAccess Lines{Document, View, Elements, Metrics, Options};
     quorvale::Journal Journal{Corrections};
     JournalIndex Index{Corrections};
-    CorrectedText Corrected{Document, Corrections, Index};
+    PlainMemory Memory;
+    CorrectedText Corrected{Document, Corrections, Index, Memory};
     CorrectionMarks Marks{Corrections, Index, Navigation, Elements, Document, View, *this};
     EditRecording Recording{Editing, Elements, Lines, Journal, Index, Marks};
     LineEditor Editor{Editing, Elements,  Document, Navigation, View, Options,
                       Index,   Corrected, Journal,  Recording,  *this};
 
-    CorrectionsRig() {
+    explicit CorrectionsRig(int slots = 128) {
         Options.OfferEditing = true;
-        while (Elements.lblLine.UpperBound() < 128) {
+        while (Elements.lblLine.UpperBound() < slots) {
             Elements.lblLine.Load().SetTag(u"-1");
             Elements.imgEdit.Load();
         }
-        View.RowSlotCount = 128;
-        View.RowsPerView = 30;
+        View.RowSlotCount = slots;
+        View.RowsPerView = std::min(30, slots);
         Elements.rtbEdit.OnChange = [this] { Editor.TextChanged(); };
         SetText(u"A\r\nB\r\nC");
         Journal.Open(nullptr);
     }
 
-    void SetText(std::u16string_view text) {
-        LoadedText loaded = TextFromString(text);
+    void SetText(std::u16string_view text) { SetLoaded(TextFromString(text)); }
+
+    void SetLoaded(LoadedText loaded) {
         Document.Text = std::move(loaded.Text);
         Document.Table.Starts = std::move(loaded.Starts);
         Document.LineSlots = Document.Table.Starts.Count();
         Document.Table.HiddenDepth.Reset(Document.LineSlots, 0);
         Document.FileName = u"/doc.txt";
-        Document.ReadAs = Encoding::Utf8;
+        Document.ReadAs = loaded.Used;
         ++Document.Generation;
         Navigation.StartDocument();
     }
 
     /// The rows show the lines from `top` on, as a fill writes them.
     void ShowRows(std::int32_t top = 1) {
-        for (int slot = 0; slot < 128; ++slot) {
+        for (int slot = 0; slot < View.RowSlotCount; ++slot) {
             const Line line = std::min(Line{top + slot}, Document.Sentinel());
             SetSlot(Elements, slot, Lines.DisplayText(line), line);
         }
@@ -165,6 +168,7 @@ public:
         Log.push_back("reveal " + std::to_string(line.Number()));
         ShowRows(line.Number());
     }
+    void TellTooMuchToEdit() override { Log.push_back("TooMuchToEdit"); }
     void PlaceEditor() override { Log.emplace_back("place editor"); }
 };
 

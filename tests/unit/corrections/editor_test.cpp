@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "corrections_rig.h"
 #include "platform/keys.h"
 
@@ -235,6 +237,22 @@ TEST_F(LineEditorTest, WithoutAJournalTheEditorStaysAsItIs) {
     rig.Journal.Drop();
     Key(key_code::Escape);
     EXPECT_TRUE(rig.Elements.rtbEdit.Visible());
+}
+
+// Symptom: with everything selected, F2 filled the editor for half a minute.
+TEST_F(LineEditorTest, MoreThanTheHostAllowsStaysClosedAndIsTold) {
+    rig.Options.MostEditedLines = 2;
+    SelectAndOpen(1, 3);
+    ExpectClosed();
+    EXPECT_EQ(std::count(rig.Log.begin(), rig.Log.end(), "TooMuchToEdit"), 1);
+    SelectAndOpen(1, 2);
+    ExpectOpen(1, 2, u"A\r\nB");
+    rig.Recording.RecordEdit(false);
+    rig.Options.MostEditedCharacters = 3;
+    SelectAndOpen(1, 2);
+    EXPECT_FALSE(rig.Elements.rtbEdit.Visible());
+    SelectAndOpen(2, 1);
+    ExpectOpen(2, 1, u"B");
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ protected:
     KeptDocuments xml;
     DocumentPath path{files};
     JournalFile file{rig.Document, rig.Corrections, rig.Journal, rig.Recording, rig.Marks,
-                     path,         files,           xml};
+                     path,         files,           xml,         rig.Options};
 };
 
 TEST(JournalName, IsTheDocumentsWithFiveCharactersMore) {
@@ -108,6 +108,77 @@ TEST_F(JournalFileTest, ASpentJournalOpensEmpty) {
     rig.Put({{3, 1, u"new\n"}});
     file.CloseJournal();
     EXPECT_EQ(Stored(u"/doc.txt!.xml"), (All{{3, 1, u"new\n"}}));
+}
+
+TEST_F(JournalFileTest, ASpentJournalIsNobodysWhenThereIsNothingToSave) {
+    PutJournal({{2, 1, u"x\n"}});
+    files.Standing = JournalStanding::Spent;
+    OpenDocument(u"/doc.txt");
+    file.OpenJournal();
+    file.CloseJournal();
+    EXPECT_EQ(files.Bytes(u"/doc.txt!.xml"), nullptr);
+    EXPECT_TRUE(files.Displaced().empty());
+}
+
+TEST_F(JournalFileTest, ASpentJournalThatCannotBeReadDoesNoHarm) {
+    PutJournal({{2, 1, u"x\n"}});
+    files.Standing = JournalStanding::Spent;
+    files.Fails["open journal"] = true;
+    OpenDocument(u"/doc.txt");
+    file.OpenJournal();
+    EXPECT_FALSE(rig.Corrections.Unreadable.has_value());
+}
+
+// Two controls have the document open.
+TEST_F(JournalFileTest, AJournalThatAnotherControlHasSavedMeanwhileIsKept) {
+    for (const bool hasCorrections : {true, false}) {
+        PutJournal({{2, 1, u"x\n"}});
+        OpenDocument(u"/doc.txt");
+        file.OpenJournal();
+        files.Put(u"/doc.txt!.xml", "another's");
+        if (!hasCorrections) rig.Journal.RemoveAll();
+        file.CloseJournal();
+        EXPECT_EQ(Stored(u"/doc.txt!.xml"), hasCorrections ? (All{{2, 1, u"x\n"}}) : All{});
+    }
+    EXPECT_EQ(files.Displaced(), (Log{"another's", "another's"}));
+}
+
+TEST_F(JournalFileTest, WhatThisControlHasReadOrSavedIsItsOwn) {
+    PutJournal({{2, 1, u"x\n"}});
+    file.OpenJournal();
+    for (const std::int32_t line : {3, 4, 5}) {
+        rig.Put({{line, 1, u"y\n"}});
+        file.SaveNow();
+    }
+    rig.Journal.RemoveAll();
+    file.SaveNow();
+    rig.Put({{2, 1, u"z\n"}});
+    file.CloseJournal();
+    EXPECT_EQ(Stored(u"/doc.txt!.xml"), (All{{2, 1, u"z\n"}}));
+    EXPECT_TRUE(files.Displaced().empty());
+    // Of the earlier ones only the last is.
+    file.OpenJournal();
+    rig.Document.FileName = u"/doc.txt";
+    const std::string first = *files.Bytes(u"/doc.txt!.xml");
+    rig.Put({{3, 1, u"y\n"}});
+    file.SaveNow();
+    files.Put(u"/doc.txt!.xml", first);
+    file.CloseJournal();
+    EXPECT_EQ(files.Displaced(), Log{first});
+}
+
+TEST_F(JournalFileTest, ASaveThatWasReportedAsFailedMayHaveSucceeded) {
+    file.OpenJournal();
+    rig.Put({{2, 1, u"x\n"}});
+    files.FailsAfterSaving = true;
+    EXPECT_EQ(ErrorOf([&] { file.SaveNow(); }), ErrorKind::File);
+    rig.Put({{3, 1, u"y\n"}});
+    EXPECT_EQ(ErrorOf([&] { file.SaveNow(); }), ErrorKind::File);
+    files.FailsAfterSaving = false;
+    rig.Put({{4, 1, u"z\n"}});
+    file.SaveNow();
+    EXPECT_EQ(Stored(u"/doc.txt!.xml").size(), 3U);
+    EXPECT_TRUE(files.Displaced().empty());
 }
 
 /// Ways in which a journal cannot be read although it may be good.
@@ -221,6 +292,7 @@ TEST_F(JournalFileTest, AJournalThatCannotBeSavedIsDroppedAllTheSame) {
         files.Fails["save"] = !byXml;
         xml.WriteFails = byXml;
         EXPECT_EQ(ErrorOf([&] { file.CloseJournal(); }), ErrorKind::File);
+        EXPECT_TRUE(rig.Corrections.OwnFiles.empty());
         EXPECT_EQ(rig.Corrections.JournalDocument, nullptr);
         EXPECT_EQ(rig.Corrections.JournalRoot, nullptr);
         EXPECT_EQ(rig.Document.FileName, u"");

@@ -14,7 +14,7 @@ protected:
         rig.SetText(file);
         rig.Journal.RemoveAll();
         rig.Put(corrections);
-        return rig.Corrected.FileBytes(true);
+        return rig.Corrected.FileBytes(true).Spans().Gathered();
     }
 
     CorrectionsRig rig;
@@ -82,6 +82,36 @@ TEST_F(KeptFormatTest, EveryByteThatIsNoTextInUtf8ComesBack) {
     rig.SetText(u"A\n\xDC80\xDCFF\n\U0001F600");
     rig.Put({{1, 1, u"\U0001F601\n"}});
     EXPECT_EQ(rig.Corrected.FileBytes(true), "\xF0\x9F\x98\x81\n\x80\xFF\n\xF0\x9F\x98\x80");
+}
+
+// Symptom: the mark, which nobody sees, went with the line that it stood in.
+TEST_F(KeptFormatTest, AByteOrderMarkStaysAtTheFront) {
+    const std::u16string file = u"\uFEFFA\nB\n";
+    rig.SetText(file);
+    rig.Document.ReadAs = Encoding::Utf8;
+    const auto committed = [&](std::initializer_list<Correction> corrections) {
+        rig.Journal.RemoveAll();
+        rig.Put(corrections);
+        return rig.Corrected.FileBytes(true).Spans().Gathered();
+    };
+    EXPECT_EQ(committed({}),
+              "\xEF\xBB\xBF"
+              "A\nB\n");
+    EXPECT_EQ(committed({{2, 1, u"X\n"}}),
+              "\xEF\xBB\xBF"
+              "A\nX\n");
+    EXPECT_EQ(committed({{1, 1, u"X\n"}}),
+              "\xEF\xBB\xBF"
+              "X\nB\n");
+    EXPECT_EQ(committed({{1, 1, u"\uFEFFX\n"}}),
+              "\xEF\xBB\xBF"
+              "X\nB\n");
+    EXPECT_EQ(committed({{1, 0, u"N\n"}}),
+              "\xEF\xBB\xBF"
+              "N\nA\nB\n");
+    EXPECT_EQ(committed({{1, 1, u""}}),
+              "\xEF\xBB\xBF"
+              "B\n");
 }
 
 }  // namespace

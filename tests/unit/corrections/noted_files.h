@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -18,6 +19,10 @@ public:
     std::u16string Folder;
     /// The calls that fail, by the word in the log.
     std::map<std::string, bool> Fails;
+    /// A save is done, and then reported as a failure.
+    bool FailsAfterSaving = false;
+    /// A host that hears of a replacement, before the call is over.
+    std::function<void()> OnReplaced;
     JournalStanding Standing = JournalStanding::InForce;
     Replacement Last;
     std::string LastBytes;
@@ -35,15 +40,15 @@ public:
         if (Bytes(name) == nullptr) return std::unique_ptr<ReadStream>();
         return MemoryFiles::OpenForReading(name);
     }
-    FileResult<Done> SaveJournal(std::u16string_view journal, std::u16string_view document,
-                                 std::string_view bytes) override {
-        if (Failing("save", journal)) return Failed("save", journal);
-        Log.back() += " beside '" + ToUtf8(document) + "'";
-        return MemoryFiles::SaveJournal(journal, document, bytes);
+    FileResult<Done> SaveJournal(const JournalPlace& journal, std::string_view bytes) override {
+        if (Failing("save", journal.Name)) return Failed("save", journal.Name);
+        Log.back() += " beside '" + ToUtf8(journal.Document) + "'";
+        auto saved = MemoryFiles::SaveJournal(journal, bytes);
+        return FailsAfterSaving ? Failed("save", journal.Name) : saved;
     }
-    FileResult<Done> DeleteJournal(std::u16string_view journal, bool force) override {
-        if (Failing(force ? "delete with force" : "delete", journal)) {
-            return Failed("delete", journal);
+    FileResult<Done> DeleteJournal(const JournalPlace& journal, bool force) override {
+        if (Failing(force ? "delete with force" : "delete", journal.Name)) {
+            return Failed("delete", journal.Name);
         }
         return MemoryFiles::DeleteJournal(journal, force);
     }
@@ -52,8 +57,12 @@ public:
             return Failed("replace", replacement.Document);
         }
         Last = replacement;
-        LastBytes = replacement.NewBytes;
-        return MemoryFiles::ReplaceDocument(replacement);
+        // Later the document is another one.
+        Last.Loaded = static_cast<const FileDigest&>(replacement.Loaded);
+        LastBytes = replacement.NewBytes.Gathered();
+        auto replaced = MemoryFiles::ReplaceDocument(replacement);
+        if (OnReplaced) OnReplaced();
+        return replaced;
     }
     FileResult<Done> RemoveSpentJournal(const Replacement& replacement) override {
         if (Failing("remove spent", replacement.Journal)) {

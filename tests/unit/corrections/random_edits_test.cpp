@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "corrections_rig.h"
+#include "slow_editing.h"
 #include "slow_model.h"
 
 namespace quorvale {
@@ -92,6 +93,10 @@ private:
         ASSERT_TRUE(rig.Elements.rtbEdit.Visible());
         const int start = rig.Editing.EditStart.Number();
         const int count = rig.Editing.EditCount;
+        ASSERT_EQ(SlowEditing(model.LineCount())
+                      .Opened(rig.Navigation.CaretRow.Number(), rig.Navigation.SelectedRowsCount,
+                              model.Corrections),
+                  (UpdateRange{start, count}));
         Lines shown = model.Corrected(start, count);
         for (auto& line : model.InsertedAt(start + count)) shown.push_back(line);
         ASSERT_EQ(rig.Elements.rtbEdit.Text(), Joined(shown));
@@ -107,9 +112,17 @@ private:
             const auto place = expected.erase(from, to);
             expected.insert(place, typed.begin(), typed.end());
         }
+        if (changed) {
+            model.Corrections =
+                SlowEditing::Recorded(model.Corrections, {start, count}, Joined(typed),
+                                      [&rig](int line, const std::u16string& text) {
+                                          return rig.Lines.RawLineText(Line{line}) == text &&
+                                                 rig.Lines.LineText(Line{line}) == text;
+                                      });
+        }
         rig.Elements.rtbEdit.SetText(Joined(typed));
         rig.Recording.RecordEdit(true);
-        model.Corrections = rig.All();
+        ASSERT_EQ(rig.All(), model.Corrections);
         ASSERT_EQ(model.All(), expected);
         Check(rig, model);
     }

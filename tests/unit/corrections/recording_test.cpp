@@ -22,6 +22,17 @@ TEST_F(EditRecordingTest, AChangedLineIsACorrection) {
     EXPECT_EQ(rig.Elements.Focus.Active(), FocusChild::TextArea);
 }
 
+TEST_F(EditRecordingTest, WhatIsStillBeingComposedIsRecordedToo) {
+    TextBox& box = rig.Elements.rtbEdit;
+    box.OnFinishTyping = [&box] { box.SetText(u"composed"); };
+    rig.OpenOver(2, 1);
+    rig.Recording.RecordEdit(true);
+    EXPECT_EQ(rig.All(), (All{{2, 1, u"composed\n"}}));
+    rig.OpenOver(2, 1);
+    box.OnFinishTyping = [] { FAIL() << "it is dropped"; };
+    rig.Recording.RecordEdit(false);
+}
+
 TEST_F(EditRecordingTest, WithoutAJournalNothingHappens) {
     rig.Journal.Drop();
     rig.OpenOver(2, 1);

@@ -54,9 +54,11 @@ public:
     /// What a commit writes that does not keep the format.
     std::u16string Text() const {
         std::u16string text;
-        for (const Item& item : WholeItems()) {
+        for (const Item& item : Items(1, LineCount() + 1)) {
             text += (item.Number ? ExpandTabs(item.Text) : item.Text) + u"\r\n";
         }
+        // Behind the last line comes the place where nothing stands.
+        if (text.ends_with(u"\r\n")) text.resize(text.size() - 2);
         return text;
     }
 
@@ -80,6 +82,8 @@ private:
         std::optional<int> Number;
         std::u16string Text;
         std::u16string End;
+        /// A correction stands before it, though it may have no lines: none reaches across.
+        bool Apart = false;
     };
 
     static Lines TextLines(const Correction& correction) {
@@ -105,8 +109,8 @@ private:
         std::vector<Item> items;
         for (int line = first; line < first + count; ++line) {
             const bool exists = line >= 1 && line <= LineCount();
-            items.push_back(
-                {line, exists ? document_[static_cast<std::size_t>(line - 1)] : u"", EndOf(line)});
+            items.push_back({line, exists ? document_[static_cast<std::size_t>(line - 1)] : u"",
+                             EndOf(line), false});
         }
         for (const Correction& each : Corrections) Apply(items, each);
         return items;
@@ -127,7 +131,7 @@ private:
         auto behind = at;
         int line = correction.Start;
         while (behind != items.end() && behind->Number == line &&
-               line < correction.Start + correction.Count) {
+               (behind == at || !behind->Apart) && line < correction.Start + correction.Count) {
             ++behind;
             ++line;
         }
@@ -135,9 +139,11 @@ private:
         const std::u16string usual = ends_.size() > 1 ? ends_.front() : u"\n";
         int replaced = correction.Start;
         for (const std::u16string& text : TextLines(correction)) {
-            made.push_back({std::nullopt, text, correction.Count == 0 ? usual : EndOf(replaced)});
+            made.push_back(
+                {std::nullopt, text, correction.Count == 0 ? usual : EndOf(replaced), false});
             if (replaced + 1 < correction.Start + correction.Count) ++replaced;
         }
+        if (behind != items.end()) behind->Apart = true;
         made.insert(made.end(), behind, items.end());
         items = std::move(made);
     }

@@ -23,8 +23,8 @@ protected:
     }
 
     CorrectionsRig rig;
-    CorrectionUndo undo{rig.Corrections, rig.Journal,  rig.Recording,
-                        rig.Marks,       rig.Messages, Language::English};
+    CorrectionUndo undo{rig.Corrections, rig.Journal,       rig.Recording, rig.Marks,
+                        rig.Messages,    Language::English, rig.Options};
 };
 
 TEST_F(CorrectionUndoTest, WithoutAPickedCorrectionNothingHappens) {
@@ -142,8 +142,8 @@ TEST_F(CorrectionUndoTest, ADocumentThatComesWhenTheKeyboardGoesBackIsNotMeantEi
 }
 
 TEST_F(CorrectionUndoTest, TheQuestionComesInTheControlsLanguage) {
-    CorrectionUndo japanese{rig.Corrections, rig.Journal,  rig.Recording,
-                            rig.Marks,       rig.Messages, Language::Japanese};
+    CorrectionUndo japanese{rig.Corrections, rig.Journal,        rig.Recording, rig.Marks,
+                            rig.Messages,    Language::Japanese, rig.Options};
     rig.Messages.Answer = MessageAnswer::Cancel;
     japanese.UndoAll();
     EXPECT_EQ(rig.Messages.Log[0].Text.find(u"You are"), std::u16string::npos);

@@ -18,7 +18,8 @@ class TextWriterTest : public testing::Test {
 protected:
     TextWriter Writer(Encoding encoding) { return TextWriter(encoding, out); }
 
-    std::string out;
+    PlainMemory memory;
+    ByteRope out{memory};
 };
 
 TEST_F(TextWriterTest, PiecesStandBehindOneAnother) {
@@ -37,7 +38,7 @@ TEST_F(TextWriterTest, NarrowUnitsAreCharactersNotBytes) {
     const std::uint8_t narrow[] = {'a', 0xE9, 0x81, 'z'};
     Writer(Encoding::Utf8).Put(Bytes(narrow));
     EXPECT_EQ(out, "a\xC3\xA9\xC2\x81z");
-    out.clear();
+    out.Clear();
     Writer(Encoding::Windows1252).Put(Bytes(narrow));
     EXPECT_EQ(out, "a\xE9\x81z");
 }
@@ -86,7 +87,7 @@ TEST_F(TextWriterTest, ATextComesInAnyPiecesAsTheSameBytes) {
         std::u16string text = RandomText(random, 40, 9000);
         if (round % 2 == 1) text += u"\u65E5\U0001F600\xDC81";
         const TextStore store = TextStore::FromString(text);
-        out.clear();
+        out.Clear();
         TextWriter writer = Writer(Encoding::Utf8);
         for (std::int32_t start = 1; start <= store.Length();) {
             const auto size = static_cast<std::int32_t>(1 + random() % 5000);
@@ -101,7 +102,7 @@ TEST_F(TextWriterTest, ATextComesInAnyPiecesAsTheSameBytes) {
 TEST_F(TextWriterTest, BlocksThatCutACharacterInTwoAreNoTrap) {
     const std::u16string text = Times(TextStore::BlockUnits - 1) + u"\U0001F600";
     Writer(Encoding::Utf8).PutFrom(TextStore::FromString(text), 1, 2147483647);
-    EXPECT_EQ(out.substr(TextStore::BlockUnits - 2), "x\xF0\x9F\x98\x80");
+    EXPECT_EQ(out.Spans().Gathered().substr(TextStore::BlockUnits - 2), "x\xF0\x9F\x98\x80");
 }
 
 }  // namespace

@@ -88,5 +88,19 @@ TEST(FileDigest, StaysWhatItIs) {
     EXPECT_EQ(digest.Low, 16169098530477576235U);
 }
 
+TEST(LateDigest, IsWorkedOutOnceAndNotBeforeItIsAskedFor) {
+    int asked = 0;
+    const LateDigest late([&asked] {
+        ++asked;
+        return DigestOf("x");
+    });
+    EXPECT_EQ(asked, 0);
+    EXPECT_EQ(late, DigestOf("x"));
+    EXPECT_EQ(late, DigestOf("x"));
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(LateDigest(DigestOf("y")), DigestOf("y"));
+    EXPECT_EQ(LateDigest(), FileDigest());
+}
+
 }  // namespace
 }  // namespace quorvale

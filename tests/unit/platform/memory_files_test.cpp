@@ -79,18 +79,39 @@ TEST(MemoryFiles, AReplacedDocumentMakesItsJournalSpent) {
     MemoryFiles files;
     files.Put(u"a", "old");
     files.Put(u"a!.xml", "journal");
-    const Replacement replacement{u"a", u"a!.xml", DigestOf("old"), "new"};
+    const Replacement replacement{u"a", u"a!.xml", DigestOf("old"), "new", {DigestOf("journal")}};
     ASSERT_TRUE(files.ReplaceDocument(replacement));
     EXPECT_EQ(*files.Bytes(u"a"), "new");
     EXPECT_EQ(*files.Bytes(u"a!.xml"), "journal");
     files.SetReadOnly(u"a!.xml");
     EXPECT_FALSE(files.RemoveSpentJournal(replacement));
     EXPECT_EQ(*files.Recover(u"a", u"a!.xml"), JournalStanding::Spent);
-    ASSERT_TRUE(files.SaveJournal(u"a!.xml", u"a", "another"));
+    ASSERT_TRUE(files.SaveJournal({u"a!.xml", u"a", {}}, "another"));
     EXPECT_EQ(*files.Recover(u"a", u"a!.xml"), JournalStanding::InForce);
-    EXPECT_FALSE(files.DeleteJournal(u"a!.xml", false));
-    EXPECT_TRUE(files.DeleteJournal(u"a!.xml", true));
+    const JournalPlace another{u"a!.xml", u"a", {DigestOf("another")}};
+    EXPECT_FALSE(files.DeleteJournal(another, false));
+    EXPECT_TRUE(files.DeleteJournal(another, true));
     EXPECT_FALSE(*files.Exists(u"a!.xml"));
+}
+
+TEST(MemoryFiles, AJournalThatIsNotKnownIsMovedAside) {
+    MemoryFiles files;
+    files.Put(u"a", "old");
+    files.Put(u"a!.xml", "one");
+    ASSERT_TRUE(files.SaveJournal({u"a!.xml", u"a", {DigestOf("one")}}, "two"));
+    EXPECT_TRUE(files.Displaced().empty());
+    ASSERT_TRUE(files.SaveJournal({u"a!.xml", u"a", {DigestOf("one")}}, "three"));
+    EXPECT_EQ(files.Displaced(), std::vector<std::string>{"two"});
+    ASSERT_TRUE(files.DeleteJournal({u"a!.xml", u"a", {}}, true));
+    files.Put(u"a!.xml", "four");
+    const Replacement replacement{u"a", u"a!.xml", DigestOf("old"), "new", {}};
+    ASSERT_TRUE(files.ReplaceDocument(replacement));
+    ASSERT_TRUE(files.RemoveSpentJournal(replacement));
+    EXPECT_EQ(files.Displaced(), (std::vector<std::string>{"two", "three", "four"}));
+    EXPECT_FALSE(*files.Exists(u"a!.xml"));
+    files.Put(u"!.xml", "of no document");
+    ASSERT_TRUE(files.SaveJournal({u"!.xml", u"", {}}, "another"));
+    EXPECT_EQ(files.Displaced().size(), 3U);
 }
 
 TEST(FailingFiles, EveryCallFailsThatIsToldTo) {
@@ -103,8 +124,8 @@ TEST(FailingFiles, EveryCallFailsThatIsToldTo) {
     failing.FailReplace = failing.FailRemoveSpent = failing.FailRecover = true;
     EXPECT_FALSE(failing.Exists(u"a"));
     EXPECT_FALSE(failing.OpenJournalForReading(u"a!.xml"));
-    EXPECT_FALSE(failing.SaveJournal(u"a!.xml", u"a", "x"));
-    EXPECT_FALSE(failing.DeleteJournal(u"a", true));
+    EXPECT_FALSE(failing.SaveJournal({u"a!.xml", u"a", {}}, "x"));
+    EXPECT_FALSE(failing.DeleteJournal({u"a", u"", {}}, true));
     EXPECT_FALSE(failing.ReplaceDocument(replacement));
     EXPECT_FALSE(failing.RemoveSpentJournal(replacement));
     EXPECT_FALSE(failing.Recover(u"a", u"a!.xml"));
@@ -161,6 +182,24 @@ TEST(FailingFiles, TheChosenReadFailsInEveryStream) {
     ASSERT_FALSE(got);
     EXPECT_EQ(got.Failure().Operation, "read");
     EXPECT_EQ(got.Failure().Name, u"a");
+}
+
+TEST(Holds, TellsAFileFromWhatItWas) {
+    MemoryFiles files;
+    const std::string bytes(300000, 'x');
+    files.Put(u"a", bytes);
+    EXPECT_TRUE(Holds(files, u"a", DigestOf(bytes)));
+    files.Put(u"a", bytes.substr(1) + "y");
+    EXPECT_FALSE(Holds(files, u"a", DigestOf(bytes)));
+    files.Put(u"a", bytes + "x");
+    EXPECT_FALSE(Holds(files, u"a", DigestOf(bytes)));
+    EXPECT_FALSE(Holds(files, u"missing", DigestOf("")));
+    files.Put(u"empty", "");
+    EXPECT_TRUE(Holds(files, u"empty", DigestOf("")));
+    FailingFiles failing(files);
+    failing.FailRead = 1;
+    files.Put(u"a", bytes);
+    EXPECT_FALSE(Holds(failing, u"a", DigestOf(bytes)));
 }
 
 }  // namespace

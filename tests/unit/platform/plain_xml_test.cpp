@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/text.h"
+#include "platform/xml_writer.h"
 #include "support/xml_cases.h"
 #include "support/xml_notation.h"
 
@@ -159,6 +160,36 @@ TEST_F(WritingXml, ATreeTooDeepToBeReadIsNotWritten) {
     EXPECT_TRUE(Read(Written()));
     inner->AppendChild(CreateXmlElement(u"a"));
     EXPECT_EQ(Written(), "<The elements are nested too deeply>");
+}
+
+TEST_F(WritingXml, WhatIsOverALimitIsNotWritten) {
+    root_->SetAttribute(u"b", u"1");
+    root_->AppendChild(CreateXmlText(u"text"));
+    root_->AppendChild(CreateXmlElement(u"c"));
+    root_->AppendChild(CreateXmlText(u""));
+    const std::string whole = "<a b=\"1\">text<c/></a>";
+    const auto written = [&](const XmlLimits& limits) {
+        auto bytes = WriteXml(*document_, limits);
+        return bytes ? *bytes : "<" + bytes.Failure().Reason + ">";
+    };
+    // Elements, attributes and texts count.
+    EXPECT_EQ(written({whole.size(), 2, 4}), whole);
+    EXPECT_EQ(written({whole.size() - 1, 2, 4}), "<The document is too large>");
+    EXPECT_EQ(written({whole.size(), 1, 4}), "<The elements are nested too deeply>");
+    EXPECT_EQ(written({whole.size(), 2, 3}), "<The document has too many nodes>");
+}
+
+// A journal with so many corrections was saved, and could not be read any more.
+TEST_F(WritingXml, AsManyNodesAreWrittenAsCanBeReadAgain) {
+    std::vector<XmlAttribute> attributes;
+    attributes.reserve(XmlService::MaxNodes);
+    for (std::size_t i = 1; i < XmlService::MaxNodes; ++i) {
+        attributes.push_back({std::u16string(1, static_cast<char16_t>(u'a' + i % 26)), u""});
+    }
+    root_->SetAttributes(std::move(attributes));
+    EXPECT_TRUE(PlainXml().Write(*document_));
+    root_->AppendChild(CreateXmlText(u"x"));
+    EXPECT_EQ(Written(), "<The document has too many nodes>");
 }
 
 TEST_F(WritingXml, WhateverIsReadCanBeWrittenAndComesBack) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/text.h"
+
 namespace quorvale {
 namespace {
 
@@ -29,13 +31,49 @@ TEST(MemoryBag, TellsAnotherTypeFromTheDefault) {
 
 Variant ThroughText(const Variant& value) { return ValueOfText(TextOfValue(value)); }
 
-TEST(ValueText, KeepsNumbersAndTruth) {
-    EXPECT_EQ(ThroughText(std::int32_t{-2147483633}), Variant(std::int32_t{-2147483633}));
-    EXPECT_EQ(ThroughText(std::int16_t{1}), Variant(std::int32_t{1}));
-    EXPECT_EQ(ThroughText(240.0F), Variant(std::int32_t{240}));
-    EXPECT_EQ(ThroughText(0.5F), Variant(0.5));
-    EXPECT_EQ(ThroughText(true), Variant(true));
-    EXPECT_EQ(ThroughText(false), Variant(false));
+TEST(ValueText, KeepsEveryNumberAndItsType) {
+    const Variant values[] = {
+        std::int32_t{-2147483633},
+        std::int32_t{0},
+        std::int16_t{1},
+        std::int16_t{-32768},
+        240.0F,
+        300.123456F,
+        0.1F,
+        -3.4028235e38F,
+        0.5,
+        3.0,
+        1.0 / 3,
+        1e-300,
+        true,
+        false,
+        Variant(-1.5e300),
+    };
+    for (const Variant& value : values) {
+        EXPECT_EQ(ThroughText(value), value) << ToUtf8(TextOfValue(value));
+    }
+}
+
+TEST(ValueText, IsPlainWhereAPersonWouldReadItTheSame) {
+    EXPECT_EQ(TextOfValue(std::int32_t{255}), u"255");
+    EXPECT_EQ(TextOfValue(true), u"True");
+    EXPECT_EQ(TextOfValue(0.5), u"0.5");
+    EXPECT_EQ(TextOfValue(std::u16string(u"some words")), u"some words");
+    EXPECT_EQ(TextOfValue(240.0F), u"Single:240");
+    EXPECT_EQ(TextOfValue(std::int16_t{1}), u"Integer:1");
+}
+
+TEST(ValueText, ReadsWhatAPersonWrites) {
+    EXPECT_EQ(ValueOfText(u"true"), Variant(true));
+    EXPECT_EQ(ValueOfText(u"FALSE"), Variant(false));
+    EXPECT_EQ(ValueOfText(u"600"), Variant(std::int32_t{600}));
+    EXPECT_EQ(ValueOfText(u"600.5"), Variant(600.5));
+    EXPECT_EQ(ValueOfText(u"&HFF"), Variant(std::int32_t{255}));
+    EXPECT_EQ(ValueOfText(u"4294967296"), Variant(4294967296.0));
+    for (const char16_t* text : {u"Integer:70000", u"Integer:", u"Single:1e300", u"Long:x",
+                                 u"Double:nan", u"integer:1", u"Colour:1", u":1"}) {
+        EXPECT_EQ(ValueOfText(text), Variant(std::u16string(text))) << ToUtf8(text);
+    }
 }
 
 TEST(ValueText, KeepsAFontWithEveryName) {
@@ -46,7 +84,10 @@ TEST(ValueText, KeepsAFontWithEveryName) {
 }
 
 TEST(ValueText, KeepsOtherTextsAsTexts) {
-    EXPECT_EQ(ThroughText(std::u16string(u"any words")), Variant(std::u16string(u"any words")));
+    for (const char16_t* text : {u"any words", u"", u"12", u"True", u"false", u"Single:1", u"1e3",
+                                 u"Font:9;0;0;0;Name", u"String:x", u" 7 "}) {
+        EXPECT_EQ(ThroughText(std::u16string(text)), Variant(std::u16string(text))) << ToUtf8(text);
+    }
     EXPECT_EQ(ValueOfText(u""), Variant(std::u16string()));
     EXPECT_EQ(ValueOfText(u"Font:9;0"), Variant(std::u16string(u"Font:9;0")));
     EXPECT_EQ(ValueOfText(u"Font:x;0;0;0;Name"), Variant(std::u16string(u"Font:x;0;0;0;Name")));

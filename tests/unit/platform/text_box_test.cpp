@@ -71,5 +71,12 @@ TEST_F(TextBoxTest, AKeyMayBeSwallowed) {
     EXPECT_EQ(changes, 0);
 }
 
+TEST_F(TextBoxTest, WhatIsBeingTypedIsFinishedByTheSurface) {
+    box.FinishTyping();
+    box.OnFinishTyping = [this] { box.SetText(u"typed"); };
+    box.FinishTyping();
+    EXPECT_EQ(box.Text(), u"typed");
+}
+
 }  // namespace
 }  // namespace quorvale

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
+#include <vector>
 
 namespace quorvale {
 namespace {
@@ -98,6 +100,48 @@ TEST_F(XmlTree, AttributesKeepTheirOrder) {
     first_->SetAttributes({{u"p", u"1"}, {u"q", u"2"}});
     EXPECT_EQ(*first_->GetAttribute(u"q"), u"2");
     EXPECT_EQ(first_->GetAttribute(u"n"), nullptr);
+}
+
+TEST_F(XmlTree, WhatStaysKeepsItsOrderWhenOthersGo) {
+    for (const bool fromTheFront : {true, false}) {
+        XmlNode parent(XmlKind::Element, u"p");
+        std::vector<XmlNodePtr> nodes;
+        for (int i = 0; i < 6; ++i) {
+            nodes.push_back(CreateXmlElement(u"update"));
+            parent.AppendChild(nodes.back());
+        }
+        for (const std::size_t i : {0U, 2U, 3U}) {
+            EXPECT_TRUE(parent.RemoveChild(*nodes[fromTheFront ? i : 5 - i]));
+        }
+        EXPECT_TRUE(parent.HasChildNodes());
+        parent.AppendChild(nodes[fromTheFront ? 2 : 3]);
+        const std::vector<XmlNodePtr> expected =
+            fromTheFront ? std::vector{nodes[1], nodes[4], nodes[5], nodes[2]}
+                         : std::vector{nodes[0], nodes[1], nodes[4], nodes[3]};
+        EXPECT_EQ(parent.FirstChild(), expected.front());
+        EXPECT_EQ(parent.ChildNodes(), expected);
+        for (const XmlNodePtr& node : expected) EXPECT_TRUE(parent.RemoveChild(*node));
+        EXPECT_FALSE(parent.HasChildNodes());
+        EXPECT_EQ(parent.FirstChild(), nullptr);
+        EXPECT_TRUE(parent.ChildNodes().empty());
+    }
+}
+
+// An edit over the whole file removes all of its corrections, the first one first: with hundreds of
+// thousands of them that took minutes.
+TEST_F(XmlTree, RemovingMostChildrenFromTheFrontTakesNoLongerThanLookingAtThem) {
+    using Clock = std::chrono::steady_clock;
+    constexpr std::size_t count = 400'000;
+    XmlNode parent(XmlKind::Element, u"p");
+    for (std::size_t i = 0; i < count; ++i) parent.AppendChild(CreateXmlElement(u"update"));
+    const std::vector<XmlNodePtr> all = parent.ChildNodes();
+    const Clock::time_point start = Clock::now();
+    for (std::size_t i = 0; i + 1 < count; ++i) {
+        ASSERT_TRUE(parent.RemoveChild(*all[i]));
+        ASSERT_LT(Clock::now() - start, std::chrono::seconds(10)) << "after " << i;
+    }
+    ASSERT_EQ(parent.ChildNodes().size(), 1U);
+    EXPECT_EQ(parent.FirstChild(), all.back());
 }
 
 TEST_F(XmlTree, RemovingAllChildrenLeavesThemWithoutAParent) {
