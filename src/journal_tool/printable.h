@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quorvale {
+
+/// A text as UTF-8 that cannot drive a terminal nor stand on its head there: whatever is no plain
+/// character (control characters but the tab, marks that turn the direction of writing, lone
+/// surrogates) is written as `\uXXXX`.
+std::string Printable(std::u16string_view text);
+
+/// A JSON string with its quotation marks, in ASCII: whatever is beyond is written as `\uXXXX`,
+/// lone surrogates too, so that every text comes back.
+std::string JsonString(std::u16string_view text);
+
+}  // namespace quorvale
