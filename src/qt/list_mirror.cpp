@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 
 #include "platform/keys.h"
 #include "qt/box_keys.h"
@@ -18,6 +19,27 @@ namespace {
 /// The columns of file names and line numbers, in characters of average width.
 constexpr int nameCharacters = 32;
 constexpr int numberCharacters = 10;
+
+/// How much of a line stands in front of its match where not all of it is seen, in characters.
+constexpr int leadCharacters = 16;
+
+/// Shows a line that is too long for its column from shortly before its match, and of a file name
+/// its beginning and its end.
+class ResultCell final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index.column() != 2) return;
+        option->textElideMode = Qt::ElideRight;
+        const int match = index.data(ListModel::MatchRole).toInt();
+        if (match <= leadCharacters || match >= option->text.size()) return;
+        const QString led = option->text.left(match + leadCharacters);
+        if (option->fontMetrics.horizontalAdvance(led) <= option->rect.width()) return;
+        option->text = QChar(0x2026) + option->text.mid(match - leadCharacters);
+    }
+};
 
 bool movesByPage(int key) { return key == Qt::Key_PageUp || key == Qt::Key_PageDown; }
 
@@ -34,6 +56,7 @@ ListMirror::ListMirror(ControlLinkPtr link, QWidget* parent)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTextElideMode(Qt::ElideMiddle);
+    setItemDelegate(new ResultCell(this));
     setAutoScroll(false);
     header()->setStretchLastSection(true);
     header()->setSectionsMovable(false);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QIcon>
 #include <memory>
 
 #include "platform/surface.h"
@@ -14,6 +15,10 @@ class ListModel final : public QAbstractTableModel {
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
+    /// Where the match begins among the characters of a result's line, counted from 0; -1 for a way
+    /// back.
+    static constexpr int MatchRole = Qt::UserRole;
+
     /// Follows the element: other rows, or more of them.
     void mirror(const Surface& surface);
 
@@ -24,9 +29,13 @@ public:
 
 private:
     int countOf(const ListRows* rows) const;
+    int matchOf(std::size_t row) const;
+    std::size_t longest(std::size_t row, std::size_t column) const;
 
     std::shared_ptr<const ListRows> rows_;
     std::array<QString, ListView::Columns> headers_;
+    /// Marks the ways back.
+    QIcon back_;
     int shown_ = 0;
 };
 

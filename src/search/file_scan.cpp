@@ -49,8 +49,8 @@ FileScan::End FileScan::SearchStream(ReadStream& stream, const GoOn& goOn) {
     const std::uint64_t size = stream.Size();
     for (std::uint64_t done = 0; done < size;) {
         MakeRoom();
-        const auto wanted =
-            static_cast<std::size_t>(std::min<std::uint64_t>(capacity_ - kept_, size - done));
+        const std::size_t room = std::min(capacity_ - kept_, firstCapacity_);
+        const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(room, size - done));
         auto got = stream.Read(reinterpret_cast<std::byte*>(buffer_.get() + kept_), wanted);
         if (!got || *got > wanted) return End::Done;
         // A file that has become shorter ends here.

@@ -64,6 +64,7 @@ private:
 
     std::unique_ptr<std::uint8_t[]> buffer_;
     std::size_t capacity_ = 0;
+    /// No piece is larger, whatever the line.
     std::size_t firstCapacity_;
     /// The beginning of a line whose end is not read yet.
     std::size_t kept_ = 0;

@@ -3,39 +3,11 @@
 #include "base/integers.h"
 #include "document/positions.h"
 #include "platform/keys.h"
+#include "search/file_list.h"
+#include "search/match_search.h"
+#include "search/watched_search.h"
 
 namespace quorvale {
-
-namespace {
-
-struct Match {
-    std::int32_t Position = 0;
-    FindOutcome Outcome = FindOutcome::NotFound;
-};
-
-/// Behind the start only, then what lies in front of it: no unit is looked at twice.
-Match FindForward(const TextStore& text, const TextSearch& search, std::int32_t start) {
-    const std::int32_t behind = FindText(text, start, search);
-    if (behind != 0) return {behind, FindOutcome::Found};
-    if (text.Length() == 0) return {};
-    const std::int32_t before = search.IsEmpty() ? 1 : search.FirstIn(text, 1, start - 1);
-    return before == 0 ? Match{} : Match{before, FindOutcome::Wrapped};
-}
-
-/// The last match that begins at or before the start, then the last one of all behind it.
-Match FindBackward(const TextStore& text, const TextSearch& search, std::int32_t start) {
-    if (text.Length() == 0) return {};
-    if (search.IsEmpty()) {
-        return start >= 1 ? Match{start, FindOutcome::Found}
-                          : Match{text.Length(), FindOutcome::Wrapped};
-    }
-    const std::int32_t before = search.LastIn(text, 1, start);
-    if (before != 0) return {before, FindOutcome::Found};
-    const std::int32_t behind = search.LastIn(text, std::max(start, 0) + 1, text.Length());
-    return behind == 0 ? Match{} : Match{behind, FindOutcome::Wrapped};
-}
-
-}  // namespace
 
 std::int32_t Find::Offset() const {
     return OffsetOfCaret(document_, {navigation_.CaretRow, navigation_.CaretCol});
@@ -44,27 +16,45 @@ std::int32_t Find::Offset() const {
 void Find::TextChanged() {
     surface_.tbMore.SetButtonEnabled(u"Find", !surface_.txtSearch.Text().empty());
     if (search_.SearchStartOffset <= 0) return;
-    peers_.SearchEnded(GoToMatch(FindDirection::Forward, search_.SearchStartOffset));
+    // What is typed on meanwhile must not be lost to somebody who watches.
+    peers_.SearchEnded(GoToMatch(FindDirection::Forward, search_.SearchStartOffset, nullptr));
 }
 
 void Find::FindNext() {
-    const FindOutcome outcome = GoToMatch(FindDirection::Forward, CheckedAdd(Offset(), 1));
+    const FindOutcome outcome =
+        GoToMatch(FindDirection::Forward, CheckedAdd(Offset(), 1), progress_);
+    if (peers_.HasEnded()) return;
     surface_.Focus.Request(FocusChild::SearchBox);
     peers_.SearchEnded(outcome);
 }
 
 FindOutcome Find::FindAgain(FindDirection direction) {
     const std::int32_t step = direction == FindDirection::Forward ? 1 : -1;
-    const FindOutcome outcome = GoToMatch(direction, CheckedAdd(Offset(), step));
+    const FindOutcome outcome = GoToMatch(direction, CheckedAdd(Offset(), step), progress_);
     peers_.SearchEnded(outcome);
     return outcome;
 }
 
-FindOutcome Find::GoToMatch(FindDirection direction, std::int32_t start) {
+FindOutcome Find::GoToMatch(FindDirection direction, std::int32_t start,
+                            const std::shared_ptr<SearchProgress>& progress) {
     const TextSearch search(surface_.txtSearch.Text(), cases_);
-    const Match match = direction == FindDirection::Forward
-                            ? FindForward(document_.Text, search, start)
-                            : FindBackward(document_.Text, search, start);
+    const std::uint64_t generation = document_.Generation;
+    const std::uint32_t number = ++search_.Finds;
+    const auto isWanted = [&] {
+        return !peers_.HasEnded() && document_.Generation == generation && search_.Finds == number;
+    };
+    const std::u16string file =
+        document_.FileName.empty() ? std::u16string(InMemory) : document_.FileName;
+    SearchPlace place{file, 0, 1, 0, static_cast<std::uint64_t>(document_.Text.Length()), 0};
+    WatchedSearch watched(progress);
+    MatchSearch matches(document_.Text, search, [&](std::int32_t done) {
+        place.Done = static_cast<std::uint64_t>(done);
+        return watched.GoesOn(place) && isWanted();
+    });
+    const Match match =
+        direction == FindDirection::Forward ? matches.Forward(start) : matches.Backward(start);
+    watched.End();
+    if (!isWanted()) return FindOutcome::Stopped;
     search_.LastOutcome = match.Outcome;
     if (match.Position != 0) peers_.SetOffset(match.Position);
     return match.Outcome;

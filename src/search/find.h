@@ -1,7 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <utility>
 
+#include "platform/search_progress.h"
 #include "platform/surface.h"
 #include "search/case_table.h"
 #include "search/text_search.h"
@@ -20,9 +23,9 @@ public:
     /// The keyboard has come to a box of the toolbar, or left it. Nobody does anything then.
     virtual void BoxFocusChanged(FocusChild box, bool entered) = 0;
     virtual void SearchEnded(FindOutcome outcome) = 0;
+    /// The control has been destroyed meanwhile.
+    virtual bool HasEnded() const = 0;
 };
-
-enum class FindDirection { Forward, Backward };
 
 /// Finds the text of the search box in the document, while it is typed and each time the user asks
 /// for the next match, without regard to case and once around the end of the text.
@@ -30,19 +33,25 @@ enum class FindDirection { Forward, Backward };
 /// The caret's offset counts the units in front of it and positions count from 1; each is used for
 /// the other as it is. So the next search starts one unit behind the start of the last match, a
 /// match that begins right at the caret is passed over, and overlapping ones are all found.
+///
+/// A host that watches long searches may do anything meanwhile. A search gives up quietly when its
+/// control, its document or, for a later search, its turn is gone.
 class Find {
 public:
     Find(SearchState& search, Surface& surface, const DocumentState& document,
-         const NavigationState& navigation, CaseTablePtr cases, FindPeers& peers)
+         const NavigationState& navigation, CaseTablePtr cases,
+         std::shared_ptr<SearchProgress> progress, FindPeers& peers)
         : search_(search),
           surface_(surface),
           document_(document),
           navigation_(navigation),
           cases_(std::move(cases)),
+          progress_(std::move(progress)),
           peers_(peers) {}
 
     /// Every change of the text searches afresh from where the caret stood when the box got the
     /// keyboard; never when that was in front of the text. The caret stays when there is no match.
+    /// Nobody watches it.
     void TextChanged();
 
     /// Goes to the next match and gives the keyboard to the box.
@@ -60,13 +69,15 @@ public:
 
 private:
     std::int32_t Offset() const;
-    FindOutcome GoToMatch(FindDirection direction, std::int32_t start);
+    FindOutcome GoToMatch(FindDirection direction, std::int32_t start,
+                          const std::shared_ptr<SearchProgress>& progress);
 
     SearchState& search_;
     Surface& surface_;
     const DocumentState& document_;
     const NavigationState& navigation_;
     CaseTablePtr cases_;
+    std::shared_ptr<SearchProgress> progress_;
     FindPeers& peers_;
 };
 

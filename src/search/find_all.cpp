@@ -11,6 +11,7 @@
 #include "search/file_list.h"
 #include "search/file_scan.h"
 #include "search/found_rows.h"
+#include "search/watched_search.h"
 
 namespace quorvale {
 
@@ -47,6 +48,7 @@ public:
           query_(surface_.txtSearch.Text(), kind, in_.Cases),
           files_(in_.Files, in_.Options.Encoding, query_, rows_->Results()),
           entries_(Entries()),
+          watched_(in_.Progress),
           generation_(in_.Document.Generation) {
         place_.Files = entries_.Count();
         surface_.lvFound.SetRows(rows_);
@@ -70,7 +72,10 @@ public:
             ++place_.FilesDone;
             if (stopped_) break;
         }
+        watched_.End();
     }
+
+    const std::shared_ptr<FoundRows>& Rows() const { return rows_; }
 
     /// False when nobody waits for the results any more.
     bool IsWanted() const {
@@ -79,7 +84,7 @@ public:
     }
 
     void Finish() {
-        rows_->Finish();
+        rows_->Finish(place_.FilesDone - (stopped_ ? 1 : 0));
         if (peers_.HasEnded() || surface_.lvFound.Rows() != rows_) return;
         ListView& list = surface_.lvFound;
         list.NoteMoreRows();
@@ -102,7 +107,7 @@ private:
         place_.Done = done;
         place_.Size = size;
         place_.Found = rows_->Results().Count();
-        stopped_ = !peers_.SearchGoesOn(place_) || !IsWanted();
+        stopped_ = !watched_.GoesOn(place_) || !IsWanted();
         return !stopped_;
     }
 
@@ -114,17 +119,22 @@ private:
     /// Line by line as the control gives them to its host: what is on screen as it is shown there,
     /// and every other line measured.
     void SearchMemory() {
-        constexpr std::int32_t linesBetween = 1024;
+        constexpr std::size_t unitsBetween = std::size_t{1} << 16;
+        constexpr std::size_t costOfALine = 64;
+        std::size_t units = 0;
         const std::int32_t count = in_.Document.LastLine().Number();
         for (std::int32_t line = 1; line <= count; ++line) {
             const SharedText text = in_.Lines.TextOf(Line{line});
-            const std::u16string_view units = text.View();
+            const std::u16string_view view = text.View();
             const std::int32_t position =
-                query_.PositionIn(std::span<const char16_t>(units.data(), units.size()));
-            if (position != 0) AddFromMemory(Line{line}, position, units);
-            const bool tells = line % linesBetween == 0 || line == count;
+                query_.PositionIn(std::span<const char16_t>(view.data(), view.size()));
+            if (position != 0) AddFromMemory(Line{line}, position, view);
+            // A line costs something even where nothing is in it.
+            units += view.size() + costOfALine;
+            if (units < unitsBetween && line != count) continue;
+            units = 0;
             const auto done = static_cast<std::uint64_t>(line);
-            if (tells && !GoOn(done, static_cast<std::uint64_t>(count))) return;
+            if (!GoOn(done, static_cast<std::uint64_t>(count))) return;
         }
     }
 
@@ -161,6 +171,7 @@ private:
     LineQuery query_;
     FileScan files_;
     FileList entries_;
+    WatchedSearch watched_;
     std::uint64_t generation_;
     SearchPlace place_;
     bool stopped_ = false;
@@ -173,9 +184,18 @@ private:
 
 void FindAll::Run(LineQuery::Kind kind) {
     Search search(*this, kind);
+    last_ = search.Rows();
     search.Run();
     search.Finish();
     if (search.IsWanted()) list_.Show();
+}
+
+void FindAll::Speak(Language texts) {
+    sources_.Texts = texts;
+    const auto rows = last_.lock();
+    if (rows == nullptr) return;
+    rows->Speak(texts);
+    surface_.lvFound.NoteMoreRows();
 }
 
 }  // namespace quorvale

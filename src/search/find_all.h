@@ -19,12 +19,12 @@
 
 namespace quorvale {
 
+class FoundRows;
+
 /// What finding all matches asks of the others.
 class FindAllPeers {
 public:
     virtual ~FindAllPeers() = default;
-    /// False ends the search.
-    virtual bool SearchGoesOn(const SearchPlace& place) = 0;
     /// The control has been destroyed meanwhile.
     virtual bool HasEnded() const = 0;
 };
@@ -39,6 +39,7 @@ struct FindAllSources {
     const HostOptions& Options;
     Language Texts;
     CaseTablePtr Cases;
+    std::shared_ptr<SearchProgress> Progress;
 };
 
 /// Lists every line that contains the text of the search box, or that matches it as a wildcard
@@ -54,6 +55,9 @@ public:
 
     void Run(LineQuery::Kind kind);
 
+    /// The language of the lists from now on, also of the one that is there.
+    void Speak(Language texts);
+
 private:
     class Search;
 
@@ -61,6 +65,8 @@ private:
     Surface& surface_;
     FoundList& list_;
     FindAllPeers& peers_;
+    /// The rows of the last run.
+    std::weak_ptr<FoundRows> last_;
 };
 
 }  // namespace quorvale

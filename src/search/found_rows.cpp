@@ -21,12 +21,17 @@ std::u16string Padded(std::u16string number) {
 
 }  // namespace
 
-void FoundRows::Finish() {
+void FoundRows::Finish(std::size_t entries) {
     finished_ = true;
+    entriesSearched_ = entries;
+}
+
+std::u16string FoundRows::Summary() const {
+    if (!finished_) return {};
     const std::size_t count = results_.Count();
-    summary_ = count == 0 ? std::u16string(LoadText(text_id::NoMatchFound, texts_))
-                          : FormatMessage(LoadText(text_id::MatchesFound, texts_),
-                                          DecimalText(static_cast<std::int64_t>(count)));
+    if (count == 0) return std::u16string(LoadText(text_id::NoMatchFound, texts_));
+    return FormatMessage(LoadText(text_id::MatchesFound, texts_),
+                         DecimalText(static_cast<std::int64_t>(count)));
 }
 
 std::size_t FoundRows::Count() const {
@@ -47,7 +52,7 @@ std::u16string FoundRows::Cell(std::size_t row, std::size_t column, std::size_t 
 std::u16string FoundRows::WholeCell(std::size_t row, std::size_t column) const {
     if (IsReturn(row)) {
         if (column == 0) return std::u16string(LoadText(text_id::Return, texts_));
-        return column == 2 && row == 0 ? summary_ : std::u16string();
+        return column == 2 && row == 0 ? Summary() : std::u16string();
     }
     const ResultStore::Result result = results_[row - 1];
     if (column == 1) return Padded(DecimalText(result.Line.Number()));

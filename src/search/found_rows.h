@@ -19,8 +19,14 @@ public:
     ResultStore& Results() { return results_; }
     const ResultStore& Results() const { return results_; }
 
-    /// No more results come: the first row says how many there are.
-    void Finish();
+    /// No more results come: the first row says how many there are. `entries` of the list of files
+    /// have been looked at.
+    void Finish(std::size_t entries = 0);
+
+    /// The language of the ways back and of the summary from now on.
+    void Speak(Language texts) { texts_ = texts; }
+
+    std::size_t EntriesSearched() const { return entriesSearched_; }
 
     /// The row of a result.
     static std::size_t RowOf(std::size_t result) { return result + 1; }
@@ -34,11 +40,12 @@ public:
 private:
     bool IsReturn(std::size_t row) const { return row == 0 || row > results_.Count(); }
     std::u16string WholeCell(std::size_t row, std::size_t column) const;
+    std::u16string Summary() const;
 
     Language texts_;
     ResultStore results_;
     bool finished_ = false;
-    std::u16string summary_;
+    std::size_t entriesSearched_ = 0;
 };
 
 /// The key of the picture that marks the ways back.

@@ -34,6 +34,7 @@ void Picking::PickSelected() {
     const auto row = list.Selected();
     if (!row) return;
     if (IsReturn(*row)) return list_.Hide();
+    pickedFrom_ = list.Rows();
     // The host may change or empty the list: what is needed of it is taken now.
     const std::u16string tag = list.RowTag(*row);
     const std::size_t end = tag.find(u'\r');
@@ -41,23 +42,35 @@ void Picking::PickSelected() {
     const std::int32_t line = ToLong(std::u16string_view(list.Cell(*row, 1)));
     const std::int32_t column = ToLong(std::u16string_view(tag).substr(end + 1));
     const bool isCurrent = fileName == InMemory || fileName == document_.FileName;
+    bool takenOver = false;
+    const PickedPlace place{fileName, line, column};
     if (!isCurrent && !document_.FileName.empty()) {
-        const KnownPick known(search_, {fileName, line, column});
-        ChangeFile(fileName);
+        const KnownPick known(search_, place);
+        takenOver = ChangeFile(fileName);
     }
     if (peers_.HasEnded()) return;
-    peers_.MoveTo(Line{line}, column);
+    if (!takenOver || !stays_) peers_.MoveTo(Line{line}, column);
     if (!peers_.HasEnded()) list_.Hide();
+    if (!isCurrent && !peers_.HasEnded()) peers_.PickedElsewhere(place);
 }
 
-void Picking::ChangeFile(const std::u16string& fileName) {
+bool Picking::ChangeFile(const std::u16string& fileName) {
     bool changed = false;
     // The host gets a name of its own, so that it cannot change what is loaded.
     peers_.RaiseBeforeFileChange(std::u16string(fileName), changed);
     if (!changed && !peers_.HasEnded()) peers_.LoadFile(fileName);
+    return changed;
+}
+
+bool Picking::PickSelectedResult() {
+    const auto row = surface_.lvFound.Selected();
+    if (!row || IsReturn(*row)) return false;
+    PickSelected();
+    return true;
 }
 
 bool Picking::PickNeighbour(bool next) {
+    if (next && IsFresh() && PickSelectedResult()) return true;
     ListView& list = surface_.lvFound;
     const std::size_t count = list.RowCount();
     const std::size_t last = count > 0 ? count - 1 : 0;

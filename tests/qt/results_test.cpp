@@ -1,4 +1,5 @@
 #include <QHeaderView>
+#include <QStyledItemDelegate>
 #include <QTest>
 
 #include "shown_box.h"
@@ -18,6 +19,7 @@ private slots:
     void aPageIsAPageOfTheList();
     void escapeClosesTheList();
     void anotherSearchReplacesTheRows();
+    void aMatchFarBehindInItsLineIsSeen();
 
 private:
     void findAll(const QString& text);
@@ -95,6 +97,29 @@ void ResultsTest::anotherSearchReplacesTheRows() {
     QCOMPARE(list().model()->index(1, 2).data().toString(), QString("row 29"));
     findAll("nowhere");
     QCOMPARE(list().model()->rowCount(), 1);
+}
+
+// The middle of a long line was left out, and the match with it.
+void ResultsTest::aMatchFarBehindInItsLineIsSeen() {
+    const QString line = QString(3000, 'x') + " the match " + QString(3000, 'y');
+    shown_->load(line.toUtf8() + "\nthe match at once " + QByteArray(3000, 'z'));
+    findAll("the match");
+    const auto shownOf = [&](int row) {
+        QStyleOptionViewItem option;
+        option.initFrom(&list());
+        const QModelIndex index = list().model()->index(row, 2);
+        option.rect = list().visualRect(index);
+        struct Opened : QStyledItemDelegate {
+            using QStyledItemDelegate::initStyleOption;
+        };
+        const auto initialise = &Opened::initStyleOption;
+        (static_cast<QStyledItemDelegate*>(list().itemDelegate())->*initialise)(&option, index);
+        return option.fontMetrics.elidedText(option.text, option.textElideMode,
+                                             option.rect.width());
+    };
+    QVERIFY2(shownOf(1).contains("the match"), qPrintable(shownOf(1)));
+    QVERIFY(shownOf(2).startsWith("the match at once"));
+    QVERIFY(list().model()->index(1, 2).data().toString().startsWith("xxx"));
 }
 
 QTEST_MAIN(ResultsTest)

@@ -168,6 +168,23 @@ TEST(FileScan, EndsWhenItIsToldTo) {
     EXPECT_EQ(rig.Found().size(), 3U);
 }
 
+TEST(FileScan, NoPieceIsLargerThanTheFirstHoweverLongTheLine) {
+    FileScanRig rig;
+    rig.Capacity = 1000;
+    std::string line(100'000, 'a');
+    line.push_back('b');
+    rig.Files.Put(u"/f", line);
+    std::uint64_t last = 0;
+    rig.Search(rig.Files, u"/f", u"b", plain, Encoding::SingleByte,
+               [&](std::uint64_t bytes, std::uint64_t) {
+                   EXPECT_LE(bytes - last, 1000U);
+                   last = bytes;
+                   return true;
+               });
+    EXPECT_EQ(last, 100'001U);
+    EXPECT_EQ(rig.Store.Count(), 1U);
+}
+
 TEST(FileScan, OneScanSearchesManyFilesAfterOneAnother) {
     FileScanRig rig;
     rig.Files.Put(u"/1", "x\nabc");

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "document/positions.h"
+#include "noting_progress.h"
 #include "platform/keys.h"
+#include "search/match_search.h"
 #include "search_rig.h"
 
 namespace quorvale {
@@ -29,8 +31,10 @@ public:
                              (blinks ? ", blinking" : ""));
     }
     void SearchEnded(FindOutcome outcome) override { Outcomes.push_back(outcome); }
+    bool HasEnded() const override { return Ended; }
 
     std::vector<FindOutcome> Outcomes;
+    bool Ended = false;
 
 private:
     SearchRig& rig_;
@@ -50,8 +54,9 @@ protected:
 
     SearchRig rig_;
     Peers peers_{rig_};
-    Find find_{rig_.Search,     rig_.Elements,        rig_.Document,
-               rig_.Navigation, CaseTableOf(nullptr), peers_};
+    std::shared_ptr<NotingProgress> watcher_ = std::make_shared<NotingProgress>();
+    Find find_{rig_.Search,          rig_.Elements, rig_.Document, rig_.Navigation,
+               CaseTableOf(nullptr), watcher_,      peers_};
 };
 
 TEST_F(FindTest, TheButtonIsEnabledWhileThereIsSomethingToFind) {
@@ -78,6 +83,8 @@ TEST_F(FindTest, TheBoxNotesTheCaretsOffsetAndLetsTheMarkerBlink) {
     find_.BoxLostFocus();
     EXPECT_EQ(rig_.Search.SearchStartOffset, 7) << "until the box gets the keyboard again";
     EXPECT_EQ(rig_.Calls.back(), "search box left");
+    find_.BoxGotFocus();
+    EXPECT_EQ(rig_.Search.SearchStartOffset, 1) << "the caret stands in front of the text's first";
 }
 
 TEST_F(FindTest, TypingSearchesFromTheNotedPlaceAndWrapsOnce) {
@@ -182,6 +189,87 @@ TEST_F(FindTest, KeysThatAreNotTheSearchsAreTheBoxs) {
     find_.KeyDown(escape);
     EXPECT_EQ(escape, 0);
     EXPECT_EQ(rig_.Elements.Focus.Active(), FocusChild::TextArea);
+}
+
+/// A text that takes a few questions to search, with one match in the last stretch.
+class LongFindTest : public FindTest {
+protected:
+    LongFindTest() {
+        Start(Times(matchAt - 1) + u"match", 1, 1);
+        rig_.Elements.txtSearch.SetText(u"match");
+    }
+
+    static constexpr std::int32_t matchAt = 3 * MatchSearch::Stretch + 100;
+};
+
+TEST_F(LongFindTest, IsToldFromItsBeginningToItsEnd) {
+    watcher_->OnGoOn = [](const SearchPlace& place) {
+        EXPECT_EQ(place.File, u"*");
+        EXPECT_EQ(place.Files, 1U);
+        EXPECT_EQ(place.Size, static_cast<std::uint64_t>(matchAt + 6));
+        return true;
+    };
+    find_.FindNext();
+    EXPECT_EQ(watcher_->Log, (Log{"began", "1048576", "2097152", "3145728", "ended"}));
+    EXPECT_EQ(rig_.Calls, (Log{"SetOffset " + std::to_string(matchAt)}));
+}
+
+TEST_F(LongFindTest, TheNameOfAShownFileIsTold) {
+    rig_.Document.FileName = u"/shown";
+    watcher_->OnGoOn = [](const SearchPlace& place) {
+        EXPECT_EQ(place.File, u"/shown");
+        return true;
+    };
+    find_.FindNext();
+    EXPECT_GT(watcher_->Log.size(), 2U);
+}
+
+TEST_F(LongFindTest, MayBeEndedAndLeavesTheCaret) {
+    watcher_->OnGoOn = [](const SearchPlace& place) { return place.Done < 2'000'000; };
+    find_.FindNext();
+    EXPECT_EQ(watcher_->Log, (Log{"began", "1048576", "2097152", "ended"}));
+    EXPECT_EQ(rig_.Calls, Log{});
+    EXPECT_EQ(peers_.Outcomes, std::vector{FindOutcome::Stopped});
+    EXPECT_EQ(rig_.Elements.Focus.Active(), FocusChild::SearchBox);
+    EXPECT_EQ(find_.FindAgain(FindDirection::Backward), FindOutcome::Wrapped) << "from the end";
+}
+
+TEST_F(LongFindTest, BackwardsItMayBeEndedToo) {
+    rig_.PutCaret(1, matchAt - 10);
+    watcher_->OnGoOn = [](const SearchPlace& place) { return place.Done < 2'000'000; };
+    EXPECT_EQ(find_.FindAgain(FindDirection::Backward), FindOutcome::Stopped);
+    EXPECT_EQ(watcher_->Log, (Log{"began", "1048576", "2097152", "ended"}));
+}
+
+TEST_F(LongFindTest, IsNotToldWhileTheUserTypes) {
+    rig_.Search.SearchStartOffset = 1;
+    find_.TextChanged();
+    EXPECT_EQ(watcher_->Log, Log{});
+    EXPECT_EQ(rig_.Calls, (Log{"SetOffset " + std::to_string(matchAt)}));
+}
+
+TEST_F(LongFindTest, AnotherDocumentOrTheControlsEndEndsIt) {
+    watcher_->OnGoOn = [&](const SearchPlace&) {
+        Start(u"match", 1, 0);
+        return true;
+    };
+    find_.FindNext();
+    EXPECT_EQ(watcher_->Log, (Log{"began", "1048576", "ended"}));
+    watcher_->OnEnded = [&] { peers_.Ended = true; };
+    find_.FindNext();
+    EXPECT_EQ(rig_.Calls, Log{}) << "also when that happens in the last moment";
+}
+
+TEST_F(LongFindTest, ALaterOneInsideHasTheLastWord) {
+    watcher_->OnGoOn = [&](const SearchPlace&) {
+        watcher_->OnGoOn = nullptr;
+        rig_.Elements.txtSearch.SetText(u"XX");
+        find_.FindNext();
+        return true;
+    };
+    find_.FindNext();
+    EXPECT_EQ(rig_.Calls, (Log{"SetOffset 2"}));
+    EXPECT_EQ(rig_.Search.LastOutcome, FindOutcome::Found);
 }
 
 }  // namespace

@@ -37,6 +37,10 @@ protected:
     void MoveTo(Line row, std::int32_t col) override {
         rig_.Calls.push_back("MoveTo " + std::to_string(row.Number()) + " " + std::to_string(col));
     }
+    void PickedElsewhere(const PickedPlace& place) override {
+        ExpectHidden();
+        elsewhere_.push_back(place);
+    }
     bool HasEnded() const override { return ended_; }
 
     void Pick(std::size_t row) {
@@ -53,6 +57,7 @@ protected:
     FoundList list_{rig_.Elements};
     Picking picking_{rig_.Search, rig_.Elements, rig_.Document, list_, *this};
     std::optional<PickedPlace> seen_;
+    std::vector<PickedPlace> elsewhere_;
     std::function<void()> OnEvent;
     bool hostChanges_ = false;
     bool ended_ = false;
@@ -110,6 +115,22 @@ TEST_F(PickingTest, AWayBackOnlyHidesTheList) {
     }
 }
 
+TEST_F(PickingTest, OnlyAPickInAnotherFileIsReportedWhenItIsOver) {
+    rig_.SetText(u"x", u"/other");
+    Pick(1);
+    SetResults(u"*");
+    Pick(1);
+    Pick(0);
+    EXPECT_TRUE(elsewhere_.empty());
+    SetResults(u"/other");
+    rig_.SetText(u"x", u"/doc");
+    Pick(2);
+    EXPECT_EQ(elsewhere_, (std::vector<PickedPlace>{{u"/other", 12, 14}}));
+    rig_.SetText(u"x");
+    Pick(1);
+    EXPECT_EQ(elsewhere_.size(), 2U) << "also while no file is shown";
+}
+
 TEST_F(PickingTest, NothingHappensWhenNothingIsSelected) {
     picking_.PickSelected();
     EXPECT_EQ(rig_.Calls, Log{});
@@ -128,6 +149,7 @@ TEST_F(PickingTest, AControlThatHasEndedDoesNoMore) {
     OnEvent = [&] { ended_ = true; };
     Pick(2);
     EXPECT_EQ(rig_.Calls, (Log{"BeforeFileChange /other"}));
+    EXPECT_TRUE(elsewhere_.empty());
 }
 
 TEST_F(PickingTest, EnterPicksAndEscapeHides) {
