@@ -65,7 +65,7 @@ public:
 
     const HostServices Services;
     HostOptions Options;
-    const Language Texts;
+    Language Texts;
 
     DocumentState Document;
     ViewState View;

@@ -109,20 +109,30 @@ void SetTexts(Surface& surface, Language language) {
     toolbar.SetToolTip(8, text(text_id::Edit));
     toolbar.SetToolTip(9, text(text_id::ShowBoundaries));
     toolbar.SetToolTip(10, u"Print");
-    surface.txtSearch.SetText(text(text_id::InitialSearchText));
-    surface.txtLn.SetText(text(text_id::InitialLineText));
-    surface.lblScrollTip.SetCaption(text(text_id::InitialScrollTip));
     SetCaptions(surface.mnuPopup, language, text_id::CorrectionsMenu);
     SetCaptions(surface.mnuCollapse, language, text_id::CollapseMenu);
 }
 
 }  // namespace
 
+void ChangeTexts(Surface& surface, Language from, Language to) {
+    SetTexts(surface, to);
+    const auto change = [&](TextBox& box, int id) {
+        if (box.Text() == LoadText(id, from)) box.SetText(std::u16string(LoadText(id, to)));
+    };
+    change(surface.txtSearch, text_id::InitialSearchText);
+    change(surface.txtLn, text_id::InitialLineText);
+}
+
 void CreateElements(Surface& surface, Language language, const HostOptions& options) {
     CreatePictures(surface);
     CreateButtons(surface);
     CreateMenus(surface);
     SetTexts(surface, language);
+    const auto text = [&](int id) { return std::u16string(LoadText(id, language)); };
+    surface.txtSearch.SetText(text(text_id::InitialSearchText));
+    surface.txtLn.SetText(text(text_id::InitialLineText));
+    surface.lblScrollTip.SetCaption(text(text_id::InitialScrollTip));
     CreateBoundaries(surface, options);
 }
 

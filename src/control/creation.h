@@ -10,6 +10,10 @@ namespace quorvale {
 /// read: "Edit" and "Collapsed" are disabled until there is something to edit or fold.
 void CreateElements(Surface& surface, Language language, const HostOptions& options);
 
+/// Puts the texts into another language. A box that holds something else than its first text keeps
+/// it.
+void ChangeTexts(Surface& surface, Language from, Language to);
+
 /// One boundary line for each column of the options; further ones go. New lines are shown where
 /// the "Grid" button is pressed.
 void CreateBoundaries(Surface& surface, const HostOptions& options);

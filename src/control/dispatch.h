@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 
+#include "base/export.h"
 #include "platform/variant.h"
 
 namespace quorvale {
@@ -22,6 +23,7 @@ class QuorvaleBox;
 /// does not have; WriteOnly for reading a property without Get; ReadOnly for writing one that has
 /// nothing but Get; ArgumentCount; TypeMismatch or Overflow, naming the argument, for one that
 /// cannot be read as the described type. Also fails as the member itself does.
-Variant Invoke(QuorvaleBox& box, std::int32_t id, unsigned kinds, std::span<Variant> arguments);
+QUORVALE_CORE_EXPORT Variant Invoke(QuorvaleBox& box, std::int32_t id, unsigned kinds,
+                                    std::span<Variant> arguments);
 
 }  // namespace quorvale

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/export.h"
 #include "platform/file_digest.h"
 #include "platform/files.h"
 
@@ -15,15 +16,17 @@ class ControlParts;
 
 /// What a host may know and do about the corrections of the shown file, beyond the control's
 /// members. It lives as long as its control.
-class HostCorrections {
+class QUORVALE_CORE_EXPORT HostCorrections {
 public:
+    /// For the control itself, which makes its own.
     explicit HostCorrections(ControlParts& parts) : parts_(parts) {}
 
     /// How many corrections are not yet in the file; 0 without a file.
     std::int32_t Pending() const;
 
-    /// How many of them a commit has no place for and drops: those that begin behind the end of a
-    /// file that became shorter, overlap others, or do not say where they belong.
+    /// How many of them a commit cannot do justice to: those that reach behind the end of a file
+    /// that became shorter, overlap others, do not say where they belong, or hold more than a text.
+    /// It drops them, or part of them.
     std::int32_t WithoutPlace() const;
 
     /// Rises with every change of the corrections, and when another file comes: for a host that
@@ -32,9 +35,9 @@ public:
 
     /// A correction: so many lines from the first on will be replaced by these.
     struct Correction {
-        std::int32_t FirstLine = 0;
-        std::int32_t LineCount = 0;
-        std::vector<std::u16string> Lines;
+        std::int32_t FirstLine = 0;         ///< counted from 1
+        std::int32_t LineCount = 0;         ///< 0 where lines are inserted in front of it
+        std::vector<std::u16string> Lines;  ///< without line breaks; none deletes
     };
 
     /// The correction that covers a line; none for any other line.
@@ -45,13 +48,19 @@ public:
     /// be saved; they are all still there.
     void Save();
 
+    /// Saves what is recorded by now, where that is not what lies beside the file; an open editor
+    /// stays open with its text. For a host that saves now and then. File error when they cannot be
+    /// saved; they are all still there.
+    void SaveRecorded();
+
     /// Why the corrections that lie beside the file could not be read. They stay as they are, and
     /// new ones can be neither saved nor committed.
     std::optional<FileFailure> Unreadable() const;
 
-    /// The shown file by the absolute name under which it was read, and the digest of the bytes it
-    /// then had: tells whether it is still the same. Empty, and of nothing, without a file.
+    /// The shown file by the absolute name under which it was read; empty without a file.
     std::u16string FilePath() const;
+    /// The digest of the bytes that the file had when it was read: tells whether it is still the
+    /// same. The digest of nothing without a file.
     FileDigest LoadedDigest() const;
 
     /// Asked before a commit, when there is something to commit; false gives it up. It may show
@@ -61,7 +70,37 @@ public:
     /// What the host answers.
     bool MayCommit() const;
 
+    // What the user can do with corrections, for a host's own menus and keys. None of these throws:
+    // what fails is shown to the user where the control's own menu shows it, and the answer is
+    // false.
+
+    /// Opens the editor over the selected rows, or the caret's, as F2 does; whether it is open now.
+    bool Edit();
+    /// Takes back the correction that covers a line, wherever the caret is; what is in an open
+    /// editor is dropped, and the editor closes. False where nothing is corrected: nothing happens.
+    bool Undo(std::int32_t line);
+    /// Asks the user, then takes back all corrections and drops what is in an open editor. Whether
+    /// none is left.
+    bool UndoAll();
+    /// Records an open editor, asks `BeforeCommit` and writes the corrections into the file.
+    /// Whether none is left to be written; without any it is true at once.
+    bool Commit();
+    /// Moves the caret to the first line of the nearest correction behind the caret's line; false
+    /// when there is none. A walk with it ends: the caret goes further with every step.
+    bool Next();
+    /// The same with the nearest one in front of it.
+    bool Previous();
+    /// Called when the user wants more lines in the editor than the host's options allow. It may do
+    /// anything.
+    std::function<void()> TooMuchToEdit;
+
+    /// Calls it.
+    void TellTooMuchToEdit() const;
+
 private:
+    bool HasNone() const;
+    bool Walk(std::int32_t direction);
+
     ControlParts& parts_;
 };
 

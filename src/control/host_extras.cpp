@@ -1,14 +1,29 @@
 #include "control/host_extras.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "control/control_parts.h"
+#include "control/creation.h"
 #include "control/frame.h"
 #include "corrections/edit_range.h"
 
 namespace quorvale {
 
 Language HostExtras::Language() const { return parts_.Texts; }
+
+void HostExtras::Speak(quorvale::Language language) {
+    const Frame frame(parts_.shared_from_this());
+    const auto former = std::exchange(frame->Texts, language);
+    frame->ScrollTip.Speak(language);
+    frame->Undo.Speak(language);
+    frame->Walk.Speak(language);
+    frame->Commit.Speak(language);
+    frame->FindAll.Speak(language);
+    // A new first text of the search box is nothing to search for.
+    SearchExtras::WithoutSearching(*frame.operator->(),
+                                   [&] { ChangeTexts(frame->Elements, former, language); });
+}
 
 Encoding HostExtras::FileEncoding() const { return parts_.Document.ReadAs; }
 

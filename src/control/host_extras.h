@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "base/export.h"
 #include "platform/encoding.h"
 #include "resources/string_table.h"
 
@@ -13,12 +14,17 @@ class SearchExtras;
 
 /// What a host may ask and do beyond the control's members. Lines are 1-based. It lives as long as
 /// its control.
-class HostExtras {
+class QUORVALE_CORE_EXPORT HostExtras {
 public:
+    /// For the control itself, which makes its own.
     explicit HostExtras(ControlParts& parts) : parts_(parts) {}
 
     /// What the control's own texts are written in.
     quorvale::Language Language() const;
+
+    /// From now on the control's own texts are written in this language; everything else stays:
+    /// what is searched for, the results, the place in the document.
+    void Speak(quorvale::Language language);
 
     /// How the bytes of the shown file became characters; never `Automatic`.
     Encoding FileEncoding() const;
@@ -43,12 +49,13 @@ public:
     /// Another number for every document that is put in place.
     std::uint64_t DocumentNumber() const;
 
-    /// The lines of the row selection, or the caret's when nothing is selected; `First` is 0 before
-    /// any document.
+    /// Lines from the first to the last one, both counted from 1; `First` is 0 for none.
     struct LineRange {
-        std::int32_t First = 0;
-        std::int32_t Last = 0;
+        std::int32_t First = 0;  ///< the upper one
+        std::int32_t Last = 0;   ///< the lower one, included
     };
+    /// The lines of the row selection, or the caret's when nothing is selected; none before any
+    /// document.
     LineRange SelectedLines() const;
 
     /// Unfolds everything and forgets the registered ranges, as a new document does.

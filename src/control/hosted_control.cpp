@@ -40,6 +40,9 @@ void HostedControl::ReadProperties(PropertyBag& bag) {
     frame->Slots.CreateRowSlots();
     frame->Persistence.Read(bag);
     frame->Appearance.InitSurface();
+    // The control may be on the screen already.
+    frame->Layout.LayoutView();
+    frame->Fill.FillRows();
     if (!frame->Services.Site->UserMode()) frame->Appearance.ShowName();
 }
 

@@ -42,10 +42,28 @@ bool ReadBoolean(PropertyBag& bag, std::u16string_view key, bool absent) {
     return ReadAs(bag, key, absent, [](const Variant& value) { return ToBoolean(value); });
 }
 
+/// A size that no font has, from a file that somebody has edited, counts as absent.
 Font ReadFont(PropertyBag& bag, const Font& absent) {
+    constexpr double largest = 2000;
     const Variant value = bag.Read(u"Font");
     const Font* font = std::get_if<Font>(&value);
-    return font == nullptr ? absent : *font;
+    return font != nullptr && font->Size > 0 && font->Size <= largest ? *font : absent;
+}
+
+/// So does a width beyond all screens.
+float ReadBorderWidth(PropertyBag& bag) {
+    constexpr float widest = 1'000'000;
+    const float width = ReadAs(bag, u"LeftBorderWidth", defaultBorderWidth,
+                               [](const Variant& value) { return ToSingle(value); });
+    return width <= widest ? width : defaultBorderWidth;
+}
+
+/// The font of the surroundings as the control takes it: elements keep their own weight and slant.
+Font AmbientFace(const Container& site, const Font& own) {
+    Font face = site.Font();
+    face.Bold = own.Bold;
+    face.Italic = own.Italic;
+    return face;
 }
 
 Variant Stored(Colour colour) { return static_cast<std::int32_t>(colour); }
@@ -57,8 +75,7 @@ void Persistence::Read(PropertyBag& bag) {
     appearance.SetBackColor(ReadColour(bag, u"BackColor", defaultGround));
     appearance.SetForeColor(ReadColour(bag, u"ForeColor", defaultText));
     appearance.SetBorderColor(ReadColour(bag, u"BorderColor", defaultGround));
-    float width = ReadAs(bag, u"LeftBorderWidth", defaultBorderWidth,
-                         [](const Variant& value) { return ToSingle(value); });
+    float width = ReadBorderWidth(bag);
     appearance.SetLeftBorderWidth(width);
     parts_.Shell.SetShowGrid(ReadBoolean(bag, u"ShowGrid", defaultGrid));
     parts_.Looks.EnabledFlag = ReadBoolean(bag, u"Enabled", defaultEnabled);
@@ -77,7 +94,7 @@ void Persistence::Write(PropertyBag& bag) const {
     bag.Write(u"LeftBorderWidth", static_cast<float>(surface.picBorder.Width()),
               defaultBorderWidth);
     bag.Write(u"Enabled", parts_.Looks.EnabledFlag, defaultEnabled);
-    bag.Write(u"Font", control.Font(), parts_.Services.Site->Font());
+    bag.Write(u"Font", control.Font(), AmbientFace(*parts_.Services.Site, control.Font()));
     bag.Write(u"BorderStyle", static_cast<std::int16_t>(control.BorderStyle()), defaultBorderStyle);
     bag.Write(u"ShowGrid", surface.tbMore.Button(u"Grid").Pressed, defaultGrid);
 }

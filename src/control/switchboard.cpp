@@ -33,6 +33,10 @@ void Switchboard::PlaceCaret() { parts_.Caret.PlaceCaret(); }
 
 void Switchboard::PlaceMarker() { parts_.Caret.PlaceMarker(); }
 
+void Switchboard::NameFirstRow() {
+    if (!UserMode()) parts_.Appearance.ShowName();
+}
+
 void Switchboard::SettleCaret() { parts_.Caret.SettleCaret(); }
 
 void Switchboard::CaretMoved() { parts_.Caret.CaretMoved(); }
@@ -64,6 +68,7 @@ void Switchboard::LoadAgain(const std::u16string& name, const std::u16string& pa
 }
 
 bool Switchboard::MayCommit() { return parts_.HostCorrections.MayCommit(); }
+void Switchboard::TellTooMuchToEdit() { parts_.HostCorrections.TellTooMuchToEdit(); }
 void Switchboard::SetOffset(std::int32_t position) { parts_.Caret.SetOffset(position); }
 
 void Switchboard::LoadFile(const std::u16string& fileName) { parts_.Loading.LoadFile(fileName); }
@@ -72,11 +77,11 @@ void Switchboard::BoxFocusChanged(FocusChild, bool) {}
 
 void Switchboard::SearchEnded(FindOutcome outcome) { parts_.SearchExtras.Tell(outcome); }
 
-bool Switchboard::HasEnded() const { return parts_.Ended; }
-
-bool Switchboard::SearchGoesOn(const SearchPlace& place) {
-    return parts_.Services.Progress == nullptr || parts_.Services.Progress->GoOn(place);
+void Switchboard::PickedElsewhere(const PickedPlace& place) {
+    parts_.SearchExtras.TellPicked(place);
 }
+
+bool Switchboard::HasEnded() const { return parts_.Ended; }
 
 bool Switchboard::UserMode() const { return parts_.Services.Site->UserMode(); }
 

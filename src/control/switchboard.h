@@ -72,6 +72,7 @@ public:
     void MoveTo(Line row, std::int32_t col) override;
     void PlaceCaret() override;
     void PlaceMarker() override;
+    void NameFirstRow() override;
     void SettleCaret() override;
     void CaretMoved() override;
     void ForgetPlaces() override;
@@ -85,6 +86,7 @@ public:
     void LoadFile(const std::u16string& fileName) override;
     void BoxFocusChanged(FocusChild box, bool entered) override;
     void SearchEnded(FindOutcome outcome) override;
+    void PickedElsewhere(const PickedPlace& place) override;
 
     // Corrections.
     void CloseEdit() override;
@@ -96,9 +98,9 @@ public:
 
     // The host.
     bool HasEnded() const override;
-    bool SearchGoesOn(const SearchPlace& place) override;
     bool UserMode() const override;
     bool MayCommit() override;
+    void TellTooMuchToEdit() override;
     void ReportTextChanged() override;
     void RaiseScrolled() override;
     void RaiseSelChanged() override;

@@ -9,6 +9,7 @@
 
 #include "control/quorvale_box.h"
 #include "headless/event_log.h"
+#include "headless/export.h"
 #include "headless/fixed_metrics.h"
 #include "headless/headless_host.h"
 #include "platform/memory_files.h"
@@ -18,37 +19,43 @@ namespace quorvale {
 
 /// What a headless control starts with.
 struct HeadlessSetup {
-    HostOptions Options;
-    Twips Width = 12000;
-    Twips Height = 7560;
-    int LanguageId = 1033;
-    bool UserMode = true;
-    /// Files, XML and memory other than the ones of this library; null for those.
-    std::shared_ptr<FileSystem> Files;
-    std::shared_ptr<XmlService> Xml;
-    std::shared_ptr<BlockMemory> Memory;
-    /// Null for Unicode's rules of case, and for nobody who hears of long searches.
-    std::shared_ptr<CaseRules> Case;
-    std::shared_ptr<SearchProgress> Progress;
+    HostOptions Options;                       ///< what is switched on
+    Twips Width = 12000;                       ///< of the control
+    Twips Height = 7560;                       ///< of the control, its toolbar included
+    int LanguageId = 1033;                     ///< as in HostServices
+    bool UserMode = true;                      ///< false while the form is designed
+    std::shared_ptr<FileSystem> Files;         ///< null for files in memory
+    std::shared_ptr<XmlService> Xml;           ///< null for PlainXml
+    std::shared_ptr<BlockMemory> Memory;       ///< null for the allocator's
+    std::shared_ptr<CaseRules> Case;           ///< null for Unicode's
+    std::shared_ptr<SearchProgress> Progress;  ///< null for nobody
 };
 
 /// A whole control without a window, for tests: fixed text measures, files in memory, a clock that
 /// is ticked by hand, and the actions of a user. With the standard setup a row is 240 twips high, a
 /// character 120 wide, and 30 rows fit. The control is created, sized and shown.
-class HeadlessBox {
+class QUORVALE_HEADLESS_EXPORT HeadlessBox {
 public:
+    /// Creates, sizes and shows the control.
     explicit HeadlessBox(HeadlessSetup setup = {});
     ~HeadlessBox();
 
+    /// The control; not to be asked for once it is destroyed.
     QuorvaleBox& Box() { return *box_; }
+    /// Its members, as in `view->LineText(2)`.
     QuorvaleBox* operator->() { return box_.get(); }
+    /// What a surface would show.
     Surface& Elements() { return box_->Elements(); }
 
+    /// The measures of text, which may be changed or let fail.
     FixedMetrics& Metrics() { return *metrics_; }
     /// The files in memory; unused when the setup brought its own.
     MemoryFiles& Files() { return *files_; }
+    /// The form around the control.
     HeadlessContainer& Site() { return *site_; }
+    /// The messages shown, and the answers to the next ones.
     HeadlessMessages& Messages() { return *messages_; }
+    /// The events raised.
     EventLog& Log() { return log_; }
 
     /// Puts the bytes into a file in memory and loads it.
@@ -56,6 +63,7 @@ public:
 
     /// Destroys the control, also from within one of its events.
     void Destroy() { box_.reset(); }
+    /// Whether `Destroy` was called.
     bool Destroyed() const { return box_ == nullptr; }
 
     // What is seen.
@@ -67,6 +75,7 @@ public:
 
     // What a user does.
 
+    /// The control gets another size.
     void Resize(Twips width, Twips height);
     /// Drags the vertical thumb over these values and lets it go at the last.
     void DragThumb(std::initializer_list<std::int32_t> values);
@@ -80,10 +89,11 @@ public:
     void Type(std::u16string_view text);
     /// A key goes down and up again, wherever the keyboard is in the control.
     void Press(std::int16_t keyCode, std::int16_t shift = 0);
-    /// The mouse on a row, with places relative to the row's label. After a press the pressed row
-    /// gets the moves and the release, wherever the mouse is.
+    /// A button goes down on a row, counted from 0 at the top, at a place relative to its label.
     void MousePress(int slot, const MouseEvent& event);
+    /// The mouse moves; after a press the pressed row hears of it, wherever the mouse is.
     void MouseMove(int slot, const MouseEvent& event);
+    /// The button comes up again; the pressed row hears of it.
     void MouseRelease(int slot, const MouseEvent& event);
     /// Press, release, double click and second release, as a window delivers them.
     void DoubleClick(int slot, const MouseEvent& event);

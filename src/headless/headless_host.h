@@ -4,18 +4,19 @@
 #include <string>
 #include <vector>
 
+#include "headless/export.h"
 #include "platform/container.h"
 #include "platform/message_box.h"
 
 namespace quorvale {
 
 /// A container without a form. It notes which properties were reported as changed.
-class HeadlessContainer final : public Container {
+class QUORVALE_HEADLESS_EXPORT HeadlessContainer final : public Container {
 public:
-    bool IsUserMode = true;
-    std::u16string Name = u"QuorvaleBox1";
-    quorvale::Font AmbientFont{u"Fixed"};
-    std::vector<std::u16string> Changed;
+    bool IsUserMode = true;                 ///< false while the form is designed
+    std::u16string Name = u"QuorvaleBox1";  ///< of the control on its form
+    quorvale::Font AmbientFont{u"Fixed"};   ///< what a new control starts with
+    std::vector<std::u16string> Changed;    ///< the properties reported, in their order
 
     bool UserMode() const override { return IsUserMode; }
     std::u16string DisplayName() const override { return Name; }
@@ -25,15 +26,16 @@ public:
 
 /// Message boxes that answer themselves, with prepared answers in their order; with Cancel when
 /// there is none.
-class HeadlessMessages final : public MessageBoxes {
+class QUORVALE_HEADLESS_EXPORT HeadlessMessages final : public MessageBoxes {
 public:
+    /// A message that was shown.
     struct Shown {
-        std::u16string Text;
-        MessageStyle Style;
+        std::u16string Text;  ///< in the language of the control
+        MessageStyle Style;   ///< the buttons it had
     };
 
-    std::deque<MessageAnswer> Answers;
-    std::vector<Shown> Log;
+    std::deque<MessageAnswer> Answers;  ///< taken from the front
+    std::vector<Shown> Log;             ///< all messages, the oldest first
 
     MessageAnswer Show(std::u16string_view text, MessageStyle style) override;
 };

@@ -15,12 +15,15 @@ public:
     /// The thumb moved: shows the line that it aims at, at the height where the drag began.
     void ThumbMoved();
 
+    /// The language of the tip from now on.
+    void Speak(Language language) { language_ = language; }
+
 private:
     void ShowAtThumb();
 
     Surface& surface_;
     const DocumentState& document_;
-    const Language language_;
+    Language language_;
 };
 
 }  // namespace quorvale

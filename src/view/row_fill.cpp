@@ -42,6 +42,7 @@ void RowFill::FillSlots(Walk& walk) {
             ShowBlank(slot);
         }
     }
+    if (document_.LineSlots == 0) peers_.NameFirstRow();
 }
 
 bool RowFill::FindLineFor(Walk& walk, int slot) {

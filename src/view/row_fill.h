@@ -21,6 +21,8 @@ public:
     virtual void LayoutView() = 0;
     /// The caret's marker follows its row; nothing else happens.
     virtual void PlaceMarker() = 0;
+    /// There is no document. While the host is being designed the first row has the control's name.
+    virtual void NameFirstRow() = 0;
 };
 
 /// The one repaint routine: gives every row slot its line, from the top line down, stepping over

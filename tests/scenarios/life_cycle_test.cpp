@@ -6,6 +6,7 @@
 #include "base/errors.h"
 #include "control/dispatch.h"
 #include "control/member_table.h"
+#include "headless/event_log.h"
 #include "headless/fixed_metrics.h"
 #include "headless/headless_box.h"
 #include "headless/headless_host.h"
@@ -88,6 +89,105 @@ TEST_F(LifeCycle, AHiddenControlPaintsWhenItIsShownAgain) {
     EXPECT_EQ(box.Elements().lblLine[0].Tag(), u"1");
     box.Show();
     EXPECT_EQ(box.Elements().lblLine[0].Tag(), u"40");
+}
+
+TEST_F(LifeCycle, AStoredControlComesBackShowsHidesAndSavesWhatWasCorrected) {
+    files_->Put(u"/doc.txt", "one\r\ntwo\r\nthree");
+    MemoryBag bag;
+    bag.Values[u"LeftBorderWidth"] = 600.0F;
+    bag.Values[u"ShowGrid"] = true;
+    EventLog log;
+    HostOptions options;
+    options.OfferEditing = true;
+    QuorvaleBox box(Services(), options);
+    box.SetEvents(&log);
+    EXPECT_EQ(box.Elements().lblScrollTip.Caption(), u" Line 0 ") << "the texts come first";
+    box.ReadProperties(bag);
+    EXPECT_EQ(box.Elements().lblLine.UpperBound(), 128);
+    EXPECT_EQ(log.Entries(), std::vector<std::string>{"ButtonClick(Grid)"});
+    box.Elements().Resize(12000, 7560);
+    box.Show();
+    box.LoadFile(u"/doc.txt");
+    EXPECT_EQ(box.Elements().lblLine[1].Caption(), u"two");
+    EXPECT_EQ(box.Elements().lblLine[1].Left(), 600 + 315);
+    box.row(2);
+    box.Elements().mnuPopup.OnPick(u"mnuPopupEdit");
+    box.Elements().rtbEdit.SetText(u"TWO");
+    std::int16_t key = key_code::Return;
+    box.Elements().rtbEdit.OnKeyDown(key, shift_mask::Ctrl);
+    box.Hide();
+    EXPECT_EQ(files_->Bytes(u"/doc.txt!.xml"), nullptr) << "nothing is saved by hiding";
+    box.Terminate();
+    ASSERT_NE(files_->Bytes(u"/doc.txt!.xml"), nullptr);
+    EXPECT_NE(files_->Bytes(u"/doc.txt!.xml")->find("TWO"), std::string::npos);
+    EXPECT_EQ(*files_->Bytes(u"/doc.txt"), "one\r\ntwo\r\nthree");
+}
+
+TEST_F(LifeCycle, AHiddenControlPaintsOnceForAllThatHappenedMeanwhile) {
+    /// Counts how often the first row gets a text.
+    class Painted final : public ElementWatcher {
+    public:
+        int Times = 0;
+        void Setting(const Element& element, std::string_view property) override {
+            if (element.Name() == "lblLine" && element.Index() == 0 && property == "Caption") {
+                ++Times;
+            }
+        }
+    };
+    QuorvaleBox box(Services());
+    box.InitProperties();
+    box.Elements().Resize(12000, 7560);
+    box.Show();
+    box.text(Doc(100));
+    box.Hide();
+    Painted painted;
+    box.Elements().Watch(&painted);
+    for (std::int32_t line = 2; line <= 40; ++line) box.TopLine(line);
+    box.CollapseLines(60, 70);
+    box.CollapseAll();
+    box.MoveTo(65, 1);
+    box.TopLine(41);
+    EXPECT_EQ(painted.Times, 0);
+    box.Show();
+    EXPECT_EQ(painted.Times, 1);
+    EXPECT_EQ(box.Elements().lblLine[0].Caption(), u"L41");
+    box.Elements().Watch(nullptr);
+}
+
+TEST_F(LifeCycle, ShowingTwiceIsShowingOnce) {
+    QuorvaleBox box(Services());
+    box.InitProperties();
+    box.Elements().Resize(12000, 7560);
+    box.Show();
+    box.Show();
+    box.text(Doc(100));
+    box.Hide();
+    box.TopLine(40);
+    EXPECT_EQ(box.Elements().lblLine[0].Caption(), u"L1");
+}
+
+TEST_F(LifeCycle, InDesignTheFirstRowFollowsTheControlsName) {
+    site_->IsUserMode = false;
+    MemoryBag empty;
+    QuorvaleBox box(Services());
+    box.ReadProperties(empty);
+    EXPECT_EQ(box.Elements().lblLine[0].Caption(), u"QuorvaleBox1");
+    site_->Name = u"Log";
+    for (const auto* other : {u"Font", u"BackColor", u"UserMode", u"displayname", u""}) {
+        box.AmbientChanged(other);
+        EXPECT_EQ(box.Elements().lblLine[0].Caption(), u"QuorvaleBox1");
+    }
+    box.AmbientChanged(u"DisplayName");
+    EXPECT_EQ(box.Elements().lblLine[0].Caption(), u"Log");
+}
+
+TEST_F(LifeCycle, ANewControlHasTheFontOfItsSurroundingsAndRowsOfItsHeight) {
+    site_->AmbientFont = Font{u"Surrounding", 11, 128};
+    QuorvaleBox box(Services());
+    EXPECT_EQ(box.Font(), (Font{u"Surrounding", 11, 128}));
+    box.InitProperties();
+    EXPECT_EQ(box.Elements().lblLine[128].Font(), (Font{u"Surrounding", 11, 128}));
+    EXPECT_EQ(box.Elements().RowHeight(), 240);
 }
 
 TEST_F(LifeCycle, InitialisingTwiceLeavesTheSameRows) {

@@ -193,6 +193,9 @@ TEST_F(FindScenario, ARefusedFocusIsNoFailure) {
     box_.Elements().Focus.OnRequest = [](FocusChild) { return false; };
     EXPECT_THAT(FindNext(1), ElementsAre(Place{1, 2}));
     EXPECT_EQ(Focused(), FocusChild::None);
+    EnterSearchBox();
+    box_.Press(key_code::Escape);
+    EXPECT_EQ(Focused(), FocusChild::SearchBox);
 }
 
 TEST_F(FindScenario, AHiddenToolbarDoesNotHinder) {

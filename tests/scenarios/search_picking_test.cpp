@@ -72,6 +72,53 @@ TEST_F(PickScenario, WhenTheHostChangesTheFileTheCaretMovesInWhatIsThereThen) {
     EXPECT_EQ(box_.Log().Count("BeforeFileChange(/other)"), 1U);
 }
 
+// A pick that the host shows elsewhere used to open folds here: the caret went to its line.
+TEST_F(PickScenario, AHostThatShowsOtherFilesElsewhereKeepsThePlaceHere) {
+    box_->Extras().Search().StayWhenTakenOver(true);
+    box_.Log().HostChangesFile = true;
+    box_->MoveTo(2, 3);
+    box_.Log().Clear();
+    std::vector<PickedPlace> heard;
+    box_->Extras().Search().OnPickedElsewhere = [&](const PickedPlace& place) {
+        heard.push_back(place);
+    };
+    List().UserDoubleClick(elsewhere);
+    ExpectCaret(2, 3);
+    EXPECT_THAT(box_.Log().Entries(), ElementsAre("BeforeFileChange(/other)"));
+    EXPECT_EQ(heard, (std::vector<PickedPlace>{{u"/other", 81, 4}}));
+    ExpectBackInTheText();
+    // Here, and where the control changes the file itself, the caret goes there as ever.
+    box_.Log().HostChangesFile = false;
+    box_.Elements().tbMore.UserMenuClick(u"Find", find_menu::Recent);
+    List().UserDoubleClick(2);
+    ExpectCaret(3, 8);
+    box_.Elements().tbMore.UserMenuClick(u"Find", find_menu::Recent);
+    List().UserDoubleClick(elsewhere);
+    ExpectCaret(81, 4);
+}
+
+TEST_F(PickScenario, AHostHearsOfAPickInAnotherFileAlsoWhileNoFileIsShown) {
+    std::vector<PickedPlace> heard;
+    box_->Extras().Search().OnPickedElsewhere = [&](const PickedPlace& place) {
+        heard.push_back(place);
+    };
+    List().UserDoubleClick(here);
+    EXPECT_TRUE(heard.empty());
+    box_->text(Doc(100));
+    box_.Elements().tbMore.UserMenuClick(u"Find", find_menu::Recent);
+    List().UserDoubleClick(elsewhere);
+    EXPECT_EQ(heard, (std::vector<PickedPlace>{{u"/other", 81, 4}}));
+    ExpectBackInTheText();
+}
+
+TEST_F(PickScenario, AHostMayDestroyTheControlWhenItHearsOfAPick) {
+    box_->Extras().Search().OnPickedElsewhere = [&](const PickedPlace&) { box_.Destroy(); };
+    const auto activate = List().OnActivate;
+    List().Select(elsewhere);
+    activate();
+    EXPECT_TRUE(box_.Destroyed());
+}
+
 TEST_F(PickScenario, ATextOfNoFileIsNotReplaced) {
     box_->text(Doc(100));
     box_.Elements().tbMore.UserMenuClick(u"Find", find_menu::Recent);
@@ -91,6 +138,18 @@ TEST_F(PickScenario, AMatchFoundInMemoryNeverChangesTheFile) {
     ExpectCaret(3, 8);
     EXPECT_THAT(box_.Log().Entries(), ElementsAre("SelChanged"));
     EXPECT_EQ(box_->LineCount(), 3);
+}
+
+TEST_F(PickScenario, AMatchInATextOfNoFileIsPickedWithoutAnEvent) {
+    box_->text(u"x\r\nab match");
+    box_->SearchFiles(u"");
+    FindAll(box_, u"match");
+    EXPECT_THAT(FoundRows(box_), testing::Contains("Sel:|      2|ab match|*>5"));
+    box_.Log().Clear();
+    List().UserDoubleClick(1);
+    ExpectCaret(2, 5);
+    EXPECT_THAT(box_.Log().Entries(), ElementsAre("SelChanged"));
+    EXPECT_EQ(box_->LineCount(), 2);
 }
 
 TEST_F(PickScenario, AMatchFoundInMemoryBelongsToAFileThatIsShownLater) {
@@ -249,6 +308,47 @@ TEST_F(PickScenario, AHostsKeysGoFromResultToResult) {
     EXPECT_EQ(box_->LineCount(), 3);
     ExpectCaret(3, 8);
     EXPECT_EQ(List().Selected(), 2U);
+}
+
+TEST_F(PickScenario, TheFirstNextResultAfterASearchIsTheSelectedOne) {
+    // Symptom: the only result could not be reached, and of two the first was passed over.
+    SearchExtras& extras = box_->Extras().Search();
+    for (const auto& [text, lines] :
+         {std::pair<const char16_t*, std::vector<int>>{u"one", {1}}, {u"match", {2, 3}}}) {
+        box_->SearchFiles(u"/doc");
+        FindAll(box_, text);
+        for (const int line : lines) {
+            EXPECT_TRUE(extras.PickNextResult());
+            EXPECT_EQ(box_->row(), line);
+        }
+        EXPECT_FALSE(extras.PickNextResult());
+        box_->MoveTo(1, 1);
+    }
+}
+
+TEST_F(PickScenario, AListThatIsShownAgainGoesOnBehindTheResultThatWasPicked) {
+    SearchExtras& extras = box_->Extras().Search();
+    List().UserDoubleClick(here);
+    extras.ShowLastList();
+    EXPECT_TRUE(List().Visible());
+    EXPECT_EQ(box_.Elements().Focus.Active(), FocusChild::FoundList);
+    EXPECT_TRUE(extras.PickNextResult());
+    ExpectCaret(3, 8);
+}
+
+TEST_F(PickScenario, AHostPicksTheSelectedResult) {
+    SearchExtras& extras = box_->Extras().Search();
+    EXPECT_TRUE(extras.PickSelected());
+    ExpectCaret(2, 2);
+    ExpectBackInTheText();
+    EXPECT_TRUE(extras.PickSelected()) << "as often as it likes, also while the list is hidden";
+    List().Select(0);
+    EXPECT_FALSE(extras.PickSelected()) << "a way back leads to no result";
+    List().SetRows(List().Rows());
+    EXPECT_FALSE(extras.PickSelected());
+    List().Clear();
+    EXPECT_FALSE(extras.PickSelected());
+    ExpectCaret(2, 2);
 }
 
 TEST_F(PickScenario, TheCaretGoesBehindTheMatchsFirstCharacterAsFindNextDoesNot) {

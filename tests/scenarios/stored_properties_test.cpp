@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -51,10 +52,11 @@ TEST(StoredProperties, AreWrittenInTheirOrderWithTheirDefaults) {
     const auto colour = [](Colour value) {
         return std::to_string(static_cast<std::int32_t>(value));
     };
-    EXPECT_EQ(bag.Asked,
-              (Lines{"BackColor " + colour(0x8000000F), "ForeColor " + colour(0x80000012),
-                     "BorderColor " + colour(0x8000000F), "LeftBorderWidth 240", "Enabled False",
-                     "Font Font:9;0;0;0;Fixed", "BorderStyle 1", "ShowGrid False"}));
+    EXPECT_EQ(
+        bag.Asked,
+        (Lines{"BackColor " + colour(0x8000000F), "ForeColor " + colour(0x80000012),
+               "BorderColor " + colour(0x8000000F), "LeftBorderWidth Single:240", "Enabled False",
+               "Font Font:9;0;0;0;Fixed", "BorderStyle Integer:1", "ShowGrid False"}));
 }
 
 TEST(StoredProperties, AFreshControlStoresNothing) {
@@ -62,6 +64,18 @@ TEST(StoredProperties, AFreshControlStoresNothing) {
     MemoryBag bag;
     box->WriteProperties(bag);
     EXPECT_EQ(Keys(bag), std::vector<std::string>{});
+}
+
+TEST(StoredProperties, AFreshControlStoresNothingOnABoldFormEither) {
+    // Symptom: where the form's font was bold every control on it stored a font of its own.
+    HeadlessBox box;
+    box.Site().AmbientFont = Font{u"Fixed", 9, 0, true, true};
+    MemoryBag bag;
+    box->WriteProperties(bag);
+    EXPECT_EQ(Keys(bag), std::vector<std::string>{});
+    box.Site().AmbientFont.Size = 10;
+    box->WriteProperties(bag);
+    EXPECT_EQ(Keys(bag), std::vector<std::string>{"Font"});
 }
 
 TEST(StoredProperties, AreReadInAnOrderOfTheirOwn) {
@@ -162,6 +176,42 @@ TEST(StoredProperties, AValueOfAnotherTypeCountsAsAbsent) {
     EXPECT_EQ(Keys(written), std::vector<std::string>{});
 }
 
+TEST(StoredProperties, ASizeThatNothingHasCountsAsAbsent) {
+    const auto nan = std::numeric_limits<double>::quiet_NaN();
+    for (const double size : {-1.0, 0.0, 2001.0, 1e308, nan}) {
+        MemoryBag bag;
+        bag.Values[u"Font"] = Font{u"Other", size};
+        bag.Values[u"LeftBorderWidth"] = 3e38F;
+        HeadlessBox box;
+        box->ReadProperties(bag);
+        EXPECT_EQ(box->Font(), box.Site().Font()) << size;
+        EXPECT_EQ(box->LeftBorderWidth(), 240);
+    }
+}
+
+TEST(StoredProperties, ANegativeBorderWidthIsReadAsNone) {
+    MemoryBag bag;
+    bag.Values[u"LeftBorderWidth"] = -50.0F;
+    HeadlessBox box;
+    box->ReadProperties(bag);
+    EXPECT_EQ(box->LeftBorderWidth(), 0);
+}
+
+TEST(StoredProperties, ReadWhileADocumentIsShownTheyAreSeenAtOnce) {
+    // Symptom: the rows stood left of their place until something else laid the view out.
+    MemoryBag bag;
+    bag.Values[u"LeftBorderWidth"] = 600.0F;
+    HeadlessBox box;
+    box->text(Doc(100));
+    box->TopLine(40);
+    box->ReadProperties(bag);
+    EXPECT_EQ(box->TopLine(), 1);
+    EXPECT_EQ(box.Rows().size(), 30U);
+    EXPECT_EQ(box.Rows().front(), "L1");
+    for (const Label& label : box.Elements().lblLine) EXPECT_EQ(label.Left(), 600 + 315);
+    EXPECT_EQ(box.Elements().picExpand.Left(), 600);
+}
+
 TEST(StoredProperties, ABorderStyleThatDoesNotExistIsIgnored) {
     MemoryBag bag;
     bag.Values[u"BorderStyle"] = std::int16_t{7};
@@ -203,6 +253,28 @@ TEST(StoredProperties, TheNameIsShownWhileTheHostIsBeingDesignedOnly) {
         box->ReadProperties(bag);
         EXPECT_EQ(box.Elements().lblLine[0].Caption(), std::u16string(userMode ? u"" : u"Renamed"));
     }
+}
+
+// In a form editor the name was gone as soon as the form was shown: the first fill blanked all
+// rows.
+TEST(StoredProperties, TheNameStaysWhileTheHostIsBeingDesignedWhateverIsSet) {
+    HeadlessSetup setup;
+    setup.UserMode = false;
+    HeadlessBox box(setup);
+    const auto shown = [&] { return std::u16string(box.Elements().lblLine[0].Caption()); };
+    EXPECT_EQ(shown(), u"QuorvaleBox1");
+    box->Font({u"Other", 12});
+    EXPECT_EQ(shown(), u"QuorvaleBox1");
+    box.Resize(9000, 6000);
+    box->Hide();
+    box->Show();
+    EXPECT_EQ(shown(), u"QuorvaleBox1");
+    box.Site().Name = u"logView";
+    box->AmbientChanged(u"DisplayName");
+    box->BackColor(red);
+    EXPECT_EQ(shown(), u"logView");
+    box.Load("a line\n");
+    EXPECT_EQ(shown(), u"a line");
 }
 
 TEST(StoredProperties, ReadingBeforeThereAreRowsCreatesThem) {

@@ -36,6 +36,42 @@ TEST(ToolbarToggle, ShowingItAgainMovesThemBack) {
     EXPECT_EQ(box.Elements().picBorder.Top(), 345);
 }
 
+TEST(ToolbarToggle, ANewFontWhileItIsHiddenMovesNoRowForGood) {
+    // Symptom: after a font was set without the toolbar, every row stood too low for ever.
+    HeadlessBox box;
+    box->text(Doc(100));
+    const auto expectRows = [&](Twips first) {
+        for (const Label& label : box.Elements().lblLine) {
+            EXPECT_EQ(label.Top(), first + label.Index() * 195);
+        }
+        const Twips strip = first - 15;
+        EXPECT_EQ(box.Elements().picBorder.Top(), strip);
+        EXPECT_EQ(box.Elements().picExpand.Top(), strip);
+    };
+    box.Elements().cmdMore.UserClick();
+    box.Metrics().RowHeight = 195;
+    box->Font(Font{u"Other"});
+    expectRows(0);
+    for (int times = 0; times < 3; ++times) {
+        box.Elements().cmdMore.UserClick();
+        expectRows(360);
+        box.Elements().cmdMore.UserClick();
+        expectRows(0);
+    }
+}
+
+TEST(ToolbarToggle, ComingBackTheSearchStartsAtTheCaret) {
+    HeadlessBox box;
+    box->text(Doc(100));
+    box.EnterText();
+    box.Elements().cmdMore.UserClick();
+    box->MoveTo(50, 1);
+    box.Elements().cmdMore.UserClick();
+    ASSERT_EQ(box.Elements().Focus.Active(), FocusChild::SearchBox);
+    box.Elements().txtSearch.SetText(u"L");
+    EXPECT_EQ(box->row(), 50) << "not from the start of the text";
+}
+
 TEST(ToolbarToggle, TheMarkerStaysOnItsRow) {
     HeadlessBox box;
     box->text(Doc(100));
@@ -75,6 +111,10 @@ TEST(ToolbarToggle, AFocusThatCannotBeHadIsNoFailure) {
     EXPECT_FALSE(box.Elements().tbMore.Visible());
     EXPECT_EQ(box.Elements().Focus.Active(), FocusChild::None);
     EXPECT_EQ(box->RowTop(2), 240);
+    box.Elements().cmdMore.UserClick();
+    EXPECT_TRUE(box.Elements().tbMore.Visible());
+    EXPECT_EQ(box.Elements().Focus.Active(), FocusChild::None);
+    EXPECT_EQ(box.Elements().cmdMore.Shown(), ButtonPicture(box, u"right"));
 }
 
 TEST(ToolbarToggle, AtTheEndOfTheDocumentTheTopLineFollowsTheTallerView) {

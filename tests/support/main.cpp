@@ -18,14 +18,19 @@ class PrivateDirectory : public testing::EmptyTestEventListener {
             GTEST_FAIL() << "no private directory below " QUORVALE_TEST_PLACES;
         }
         place_ = name;
+        // Nor may records of writes get into the user's own folder.
+        state_ = name + ".state";
+        setenv("XDG_STATE_HOME", state_.c_str(), 1);
     }
 
     void OnTestEnd(const testing::TestInfo&) override {
         std::filesystem::current_path(QUORVALE_TEST_PLACES);
         std::filesystem::remove_all(place_);
+        std::filesystem::remove_all(state_);
     }
 
     std::filesystem::path place_;
+    std::filesystem::path state_;
 };
 
 }  // namespace

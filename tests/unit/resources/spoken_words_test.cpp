@@ -11,8 +11,10 @@ namespace quorvale {
 namespace {
 
 constexpr SpokenWord allWords[] = {
-    SpokenWord::Rows, SpokenWord::Blank,       SpokenWord::Folded,     SpokenWord::Corrected,
-    SpokenWord::Line, SpokenWord::ShowToolbar, SpokenWord::HideToolbar};
+    SpokenWord::Rows,         SpokenWord::Blank,          SpokenWord::Folded,
+    SpokenWord::Corrected,    SpokenWord::Line,           SpokenWord::ShowToolbar,
+    SpokenWord::HideToolbar,  SpokenWord::SearchProgress, SpokenWord::EscapeEndsSearch,
+    SpokenWord::MatchesSoFar, SpokenWord::ShownText};
 
 constexpr Language allLanguages[] = {Language::English, Language::Japanese, Language::Korean};
 

@@ -31,6 +31,7 @@ public:
         view_.LaidOutMargin = view_.TextLeftMargin;
     }
     void PlaceMarker() override { Calls.emplace_back("PlaceMarker"); }
+    void NameFirstRow() override { Calls.emplace_back("NameFirstRow"); }
 
 private:
     ViewState& view_;
