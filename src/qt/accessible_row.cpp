@@ -181,7 +181,7 @@ QStringList AccessibleRow::actionNames() const {
 }
 
 void AccessibleRow::doAction(const QString& actionName) {
-    if (!isValid()) return;
+    if (!isValid() || area_->link()->isClosed()) return;
     if (actionName == setFocusAction()) {
         takeFocus();
     } else if (actionName == toggleAction()) {

@@ -4,6 +4,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "control/host_extras.h"
 #include "qt/accessible_rows.h"
 #include "qt/control_link.h"
 #include "qt/conversions.h"
@@ -13,15 +14,16 @@
 
 namespace quorvale {
 
-ControlWidget::ControlWidget(QWidget* parent)
+ControlWidget::ControlWidget(QWidget* parent, const WidgetPorts& ports)
     : QWidget(parent),
+      designed_(std::make_shared<bool>(false)),
       faces_(std::make_shared<FontFaces>()),
       link_(std::make_shared<ControlLink>()),
       events_(std::make_unique<EventRelay>(*this)) {
     // Qt remembers what it finds at the first question.
     offerAccessibility();
     link_->attach(std::make_shared<QuorvaleBox>(widgetServices(
-        *this, faces_,
+        *this, faces_, link_, designed_, ports,
         [this, link = link_](const QString& name) {
             if (link->box() != nullptr) emit propertyReported(name);
         },
@@ -58,9 +60,22 @@ void ControlWidget::letWidgetsOutliveThis() {
     for (QWidget* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
         child->hide();
         child->setParent(nullptr);
-        child->deleteLater();
+        link_->deleteLater(*child);
     }
 }
+
+void ControlWidget::setInterfaceLanguage(QLocale::Language language) {
+    setLanguageOfNewWidgets(language);
+}
+
+QLocale::Language ControlWidget::interfaceLanguage() { return languageOfNewWidgets(); }
+
+void ControlWidget::speakAnew() {
+    call([this](QuorvaleBox& held) { held.Extras().Speak(languageFor(*this)); });
+    if (link_->box() != nullptr) surface_->nameParts();
+}
+
+bool ControlWidget::isSearching() const { return link_->isClosed(); }
 
 QuorvaleBox& ControlWidget::box() { return *link_->box(); }
 const QuorvaleBox& ControlWidget::box() const { return *link_->box(); }
@@ -68,6 +83,11 @@ const QuorvaleBox& ControlWidget::box() const { return *link_->box(); }
 void ControlWidget::setOptions(const HostOptions& options) {
     box().SetOptions(options);
     surface_->watchAll();
+}
+
+void ControlWidget::setDesigned(bool designed) {
+    *designed_ = designed;
+    call([](QuorvaleBox& held) { held.AmbientChanged(u"DisplayName"); });
 }
 
 HostOptions ControlWidget::options() const { return box().Options(); }
@@ -101,13 +121,13 @@ void ControlWidget::resizeEvent(QResizeEvent*) { surface_->resize(rect()); }
 void ControlWidget::showEvent(QShowEvent* event) {
     if (event->spontaneous()) return;
     const std::shared_ptr<QuorvaleBox> shown = link_->box();
-    link_->run([&](Surface&) { shown->Show(); });
+    link_->follow([&](Surface&) { shown->Show(); });
 }
 
 void ControlWidget::hideEvent(QHideEvent* event) {
     if (event->spontaneous()) return;
     const std::shared_ptr<QuorvaleBox> hidden = link_->box();
-    link_->run([&](Surface&) { hidden->Hide(); });
+    link_->follow([&](Surface&) { hidden->Hide(); });
 }
 
 void ControlWidget::paintEvent(QPaintEvent*) {

@@ -1,11 +1,14 @@
 #pragma once
 
+#include <QLocale>
 #include <QWidget>
 #include <functional>
 #include <memory>
 
 #include "control/quorvale_box.h"
 #include "platform/file_notice.h"
+#include "qt/export.h"
+#include "qt/widget_ports.h"
 
 namespace quorvale {
 
@@ -17,27 +20,52 @@ class LiveSurface;
 /// The widget around a control: it owns the control and everything the control needs, shows its
 /// elements with toolbar, rows and scroll bars, and hands its events on as signals. A slot of any
 /// signal may destroy it; while the widget is being resized or shown, Qt asks for `deleteLater()`.
-class ControlWidget : public QWidget {
+class QUORVALE_WIDGET_EXPORT ControlWidget : public QWidget {
     Q_OBJECT
 
 public:
     ~ControlWidget() override;
 
+    /// The language of the texts of widgets that are created from now on: English, Japanese or
+    /// Korean; any other one shows English. `QLocale::AnyLanguage`, as at first, is the language
+    /// of the user's desktop. A widget keeps the language that it was created with until
+    /// it is told to speak another one.
+    static void setInterfaceLanguage(QLocale::Language language);
+    /// What was set last; `QLocale::AnyLanguage` at first.
+    static QLocale::Language interfaceLanguage();
+
+    /// From now on the widget's texts are in the language that a new widget in its place would
+    /// have; everything else stays as it is.
+    void speakAnew();
+
+    /// Whether a long search of this widget is running, around whoever asks: it takes no input.
+    bool isSearching() const;
+
     /// The control, with all its members. It lives as long as the widget.
     QuorvaleBox& box();
+    /// The same for who only asks.
     const QuorvaleBox& box() const;
 
     /// What the control does beyond its members' promises; to be set before a document is.
     void setOptions(const HostOptions& options);
+    /// What is switched on.
     HostOptions options() const;
+
+    /// Whether the widget lies on a form that is being designed, as a form editor says. Its first
+    /// row then shows its name; nobody types into it.
+    bool isDesigned() const { return *designed_; }
+    /// Called by the plugin of a form editor, once, before the widget is shown.
+    void setDesigned(bool designed);
 
     /// The real widgets and what they show, for those who look into the control.
     LiveSurface& liveSurface() { return *surface_; }
 
     /// Runs what a user does to the elements, beside the widgets: a failure of the control ends
-    /// here, and the control may end the widget.
+    /// here, and the control may end the widget. Nothing happens from within a long search, which
+    /// takes no input.
     void act(const std::function<void(Surface&)>& action);
 
+    /// 800 by 600.
     QSize sizeHint() const override;
 
 signals:
@@ -72,7 +100,8 @@ signals:
     void shown();
 
 protected:
-    explicit ControlWidget(QWidget* parent);
+    /// For derived classes.
+    ControlWidget(QWidget* parent, const WidgetPorts& ports);
 
     /// Runs a member of the control, held alive; a failure of the control ends here.
     void call(const std::function<void(QuorvaleBox&)>& member);
@@ -90,6 +119,7 @@ private:
     void fitToolbar();
     void letWidgetsOutliveThis();
 
+    std::shared_ptr<bool> designed_;
     std::shared_ptr<FontFaces> faces_;
     std::shared_ptr<ControlLink> link_;
     std::unique_ptr<EventRelay> events_;

@@ -33,15 +33,23 @@ QVariant toQVariant(const Variant& value) {
 
 }  // namespace
 
-DocumentWidget::DocumentWidget(QWidget* parent) : ControlWidget(parent) {
+DocumentWidget::DocumentWidget(QWidget* parent, const WidgetPorts& ports)
+    : ControlWidget(parent, ports) {
     connect(this, &ControlWidget::propertyReported, this, &DocumentWidget::noteDocument);
     connect(this, &ControlWidget::shown, this, &DocumentWidget::noteDocument);
+    searchTextNoted_ = searchText();
+    connect(this, &ControlWidget::shown, this, &DocumentWidget::noteSearchText);
 }
 
 // The control reports a text that was set, but not a file that was loaded.
 void DocumentWidget::noteDocument() {
     const std::uint64_t now = box().Extras().DocumentNumber();
     if (std::exchange(documentNoted_, now) != now) emit textChanged();
+}
+
+void DocumentWidget::noteSearchText() {
+    const QString now = searchText();
+    if (std::exchange(searchTextNoted_, now) != now) emit searchTextChanged();
 }
 
 QString DocumentWidget::text() const { return toQString(box().text()); }
@@ -52,6 +60,7 @@ int DocumentWidget::col() const { return box().col(); }
 int DocumentWidget::offset() const { return box().Offset(); }
 int DocumentWidget::selectedRowsCount() const { return box().SelectedRowsCount(); }
 QString DocumentWidget::searchText() const { return toQString(box().SearchText()); }
+IconList DocumentWidget::imageList() const { return IconList(box().ImageList()); }
 
 QString DocumentWidget::lineText(int line) const { return toQString(box().LineText(line)); }
 
@@ -107,7 +116,9 @@ void DocumentWidget::setSelectedRowsCount(int count) {
 }
 
 void DocumentWidget::setSearchText(const QString& text) {
+    const QPointer<DocumentWidget> alive(this);
     call([&](QuorvaleBox& held) { held.SearchText(toUtf16(text)); });
+    if (alive != nullptr) noteSearchText();
 }
 
 void DocumentWidget::setSearchFiles(const QStringList& fileNames) {
@@ -115,11 +126,15 @@ void DocumentWidget::setSearchFiles(const QStringList& fileNames) {
 }
 
 void DocumentWidget::setLineForeColor(int line, const QColor& colour) {
-    call([&](QuorvaleBox& held) { held.LineForeColor(line, toColour(colour)); });
+    call([&](QuorvaleBox& held) {
+        held.LineForeColor(line, colour.isValid() ? toColour(colour) : held.ForeColor());
+    });
 }
 
 void DocumentWidget::setLineBackColor(int line, const QColor& colour) {
-    call([&](QuorvaleBox& held) { held.LineBackColor(line, toColour(colour)); });
+    call([&](QuorvaleBox& held) {
+        held.LineBackColor(line, colour.isValid() ? toColour(colour) : held.BackColor());
+    });
 }
 
 void DocumentWidget::setLineImage(int line, const QVariant& nameOrNumber) {

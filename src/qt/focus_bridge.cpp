@@ -51,7 +51,7 @@ void FocusBridge::takeMove(QWidget*, QWidget* now) {
 void FocusBridge::enter(FocusChild child) {
     const bool wasOutside = !entered_;
     entered_ = true;
-    link_->run([&](Surface& surface) {
+    link_->follow([&](Surface& surface) {
         if (wasOutside && surface.OnEnter) surface.OnEnter();
         surface.Focus.UserMovesTo(child);
     });
@@ -59,7 +59,7 @@ void FocusBridge::enter(FocusChild child) {
 
 void FocusBridge::leave() {
     entered_ = false;
-    link_->run([&](Surface& surface) {
+    link_->follow([&](Surface& surface) {
         surface.Focus.UserMovesTo(FocusChild::None);
         if (surface.OnExit) surface.OnExit();
     });

@@ -1,12 +1,16 @@
 #include "qt/font_faces.h"
 
 #include <QString>
+#include <algorithm>
 
 #include "qt/conversions.h"
 
 namespace quorvale {
 
 namespace {
+
+/// In points; Qt counts pixels in whole numbers.
+constexpr double largestSize = 2000;
 
 bool sameFace(const Font& a, const Font& b) {
     return a.Size == b.Size && a.Italic == b.Italic && a.Name == b.Name;
@@ -17,7 +21,7 @@ bool sameFace(const Font& a, const Font& b) {
 QFont toQFont(const Font& font) {
     QFont result;
     if (!font.Name.empty()) result.setFamily(toQString(font.Name));
-    if (font.Size > 0) result.setPointSizeF(font.Size);
+    if (font.Size > 0) result.setPointSizeF(std::min(font.Size, largestSize));
     result.setBold(font.Bold);
     result.setItalic(font.Italic);
     result.setKerning(false);

@@ -8,6 +8,11 @@ namespace quorvale {
 
 IconList::IconList() : icons_(std::make_shared<ImageList>()) {}
 
+IconList::IconList(const std::shared_ptr<Object>& object)
+    : icons_(std::dynamic_pointer_cast<ImageList>(object)) {
+    if (icons_ == nullptr) icons_ = std::make_shared<ImageList>();
+}
+
 bool IconList::add(const QString& name, const QIcon& icon, QSize size) {
     if (icon.isNull()) return false;
     return icons_->Add(toUtf16(name), std::make_shared<QtPicture>(name.toStdString(), icon, size));

@@ -29,7 +29,7 @@ LiveSurface::LiveSurface(ControlLinkPtr link, std::shared_ptr<FontFaces> faces, 
     makeMoreButton(control);
     nameParts();
     connect(&blinking_, &QTimer::timeout, this,
-            [this] { link_->run([](Surface& surface) { surface.tmrImage.Tick(); }); });
+            [this] { link_->follow([](Surface& surface) { surface.tmrImage.Tick(); }); });
     wireElements(control);
     watchAll();
 }
@@ -43,11 +43,11 @@ void LiveSurface::makeMoreButton(QWidget& control) {
             [link = link_] { link->run([](Surface& surface) { surface.cmdMore.UserClick(); }); });
 }
 
-// For those who do not see what the parts are.
 void LiveSurface::nameParts() {
     const Language language = link_->box()->Extras().Language();
     rows_->setAccessibleName(toQString(LoadSpoken(SpokenWord::Rows, language)));
     editor_->setAccessibleName(toQString(LoadText(text_id::Edit, language)));
+    nameMoreButton(link_->box()->Elements());
 }
 
 void LiveSurface::wireElements(QWidget& control) {
@@ -59,6 +59,9 @@ void LiveSurface::wireElements(QWidget& control) {
     const QPointer<LiveSurface> alive(this);
     link_->box()->Elements().Focus.OnRequest = [alive](FocusChild child) {
         return alive != nullptr && alive->moveFocus(child);
+    };
+    link_->box()->Elements().rtbEdit.OnFinishTyping = [alive] {
+        if (alive != nullptr) alive->editor_->finishComposition();
     };
     wireMenu(&Surface::mnuPopup, control);
     wireMenu(&Surface::mnuCollapse, control);
@@ -123,7 +126,7 @@ void LiveSurface::resize(QRect outer) {
 void LiveSurface::takeInnerSize() {
     inner_ = innerRect();
     const QSize size = inner_.size();
-    const bool there = link_->run(
+    const bool there = link_->follow(
         [&](Surface& surface) { surface.Resize(toTwips(size.width()), toTwips(size.height())); });
     if (!there) return;
     changes_ |= Rows | Frame;
@@ -172,6 +175,10 @@ void LiveSurface::showMoreButton(const Surface& surface) {
     if (moreShown_ == surface.cmdMore.Shown()) return;
     moreShown_ = surface.cmdMore.Shown();
     more_->setIcon(toIcon(moreShown_));
+    nameMoreButton(surface);
+}
+
+void LiveSurface::nameMoreButton(const Surface& surface) {
     const SpokenWord does =
         surface.tbMore.Visible() ? SpokenWord::HideToolbar : SpokenWord::ShowToolbar;
     more_->setAccessibleName(toQString(LoadSpoken(does, link_->box()->Extras().Language())));

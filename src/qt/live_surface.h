@@ -35,6 +35,9 @@ public:
     /// Shows now what moved.
     void showChanges();
 
+    /// Says what the parts are for those who do not see it, in the control's language.
+    void nameParts();
+
     RowsArea& rows() { return *rows_; }
     ToolStrip& tools() { return *tools_; }
     BarMirror& verticalBar() { return *vertical_; }
@@ -63,7 +66,7 @@ private:
     void takeInnerSize();
     QRect innerRect() const;
     void makeMoreButton(QWidget& control);
-    void nameParts();
+    void nameMoreButton(const Surface& surface);
     void showMoreButton(const Surface& surface);
     bool moveFocus(FocusChild child);
     void wireElements(QWidget& control);

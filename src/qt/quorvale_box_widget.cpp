@@ -1,10 +1,16 @@
 #include "qt/quorvale_box_widget.h"
 
 #include <QEvent>
+#include <QMetaProperty>
+#include <QPointer>
+#include <QSettings>
+#include <algorithm>
+#include <utility>
 
 #include "qt/conversions.h"
 #include "qt/font_faces.h"
 #include "qt/qt_picture.h"
+#include "qt/settings_bag.h"
 #include "qt/system_colours.h"
 
 namespace quorvale {
@@ -14,28 +20,42 @@ namespace {
 constexpr Colour groundOfNewOnes = system_colour::ButtonFace;
 constexpr Colour textOfNewOnes = system_colour::ButtonText;
 constexpr float widthOfNewOnes = 240;
+constexpr double widestBorder = 1'000'000;
 constexpr QSize buttonIcon(16, 16);
 
 /// The parts of a font that the control and Qt have in common.
 bool sameFace(const Font& a, const Font& b) { return a.Name == b.Name && a.Size == b.Size; }
 
-}  // namespace
-
-QuorvaleBoxWidget::QuorvaleBoxWidget(QWidget* parent) : DocumentWidget(parent) {
-    connect(this, &ControlWidget::propertyReported, this, &QuorvaleBoxWidget::tellListeners);
-    connect(this, &ControlWidget::buttonClicked, this, [this](const QString& name) {
-        if (name == QLatin1String("Grid")) emit showGridChanged();
-    });
+/// The properties of this class alone, by their place among them.
+QMetaProperty propertyAt(qsizetype place) {
+    const QMetaObject& described = QuorvaleBoxWidget::staticMetaObject;
+    return described.property(described.propertyOffset() + static_cast<int>(place));
 }
 
-void QuorvaleBoxWidget::tellListeners(const QString& property) {
-    if (property == QLatin1String("BackColor")) emit backColorChanged();
-    if (property == QLatin1String("ForeColor")) emit foreColorChanged();
-    if (property == QLatin1String("BorderColor")) emit borderColorChanged();
-    if (property == QLatin1String("LeftBorderWidth")) emit leftBorderWidthChanged();
-    if (property == QLatin1String("BorderStyle")) emit borderStyleChanged();
-    if (property == QLatin1String("Enabled")) emit enabledFlagChanged();
+}  // namespace
+
+QuorvaleBoxWidget::QuorvaleBoxWidget(QWidget* parent, const WidgetPorts& ports)
+    : DocumentWidget(parent, ports) {
+    const int properties = staticMetaObject.propertyCount() - staticMetaObject.propertyOffset();
+    for (int i = 0; i < properties; ++i) told_ << propertyAt(i).read(this);
+    connect(this, &ControlWidget::propertyReported, this, &QuorvaleBoxWidget::listen);
+    connect(this, &ControlWidget::buttonClicked, this, &QuorvaleBoxWidget::tellChanges);
+}
+
+void QuorvaleBoxWidget::listen(const QString& property) {
     if (property == QLatin1String("Font")) followControlsFont();
+    tellChanges();
+}
+
+void QuorvaleBoxWidget::tellChanges() {
+    const QPointer<QuorvaleBoxWidget> alive(this);
+    const qsizetype properties = told_.size();
+    for (qsizetype i = 0; i < properties && alive != nullptr; ++i) {
+        const QMetaProperty property = propertyAt(i);
+        const QVariant now = property.read(this);
+        if (std::exchange(told_[i], now) == now) continue;
+        property.notifySignal().invoke(this, Qt::DirectConnection);
+    }
 }
 
 // A host may have set the font through the control.
@@ -51,6 +71,11 @@ void QuorvaleBoxWidget::followControlsFont() {
 
 void QuorvaleBoxWidget::changeEvent(QEvent* event) {
     DocumentWidget::changeEvent(event);
+    // A widget that is disabled has other colours.
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange) {
+        tellChanges();
+        return;
+    }
     if (event->type() != QEvent::FontChange) return;
     const Font wanted = fromQFont(font());
     call([&](QuorvaleBox& held) {
@@ -85,20 +110,36 @@ bool QuorvaleBoxWidget::addButton(const QString& name, const QIcon& icon, const 
     return heldBox()->AddButton(toUtf16(name), picture, toUtf16(toolTip));
 }
 
+void QuorvaleBoxWidget::saveProperties(QSettings& settings, const QString& group) const {
+    SettingsBag bag(settings, group);
+    box().WriteProperties(bag);
+}
+
+void QuorvaleBoxWidget::restoreProperties(QSettings& settings, const QString& group) {
+    const QPointer<QuorvaleBoxWidget> alive(this);
+    SettingsBag bag(settings, group);
+    call([&](QuorvaleBox& held) { held.ReadProperties(bag); });
+    // The control reports two of them to nobody.
+    if (alive != nullptr) tellChanges();
+}
+
 void QuorvaleBoxWidget::setBackColor(const QColor& colour) {
-    call([&](QuorvaleBox& held) { held.BackColor(toColour(colour)); });
+    const Colour taken = colour.isValid() ? toColour(colour) : groundOfNewOnes;
+    call([&](QuorvaleBox& held) { held.BackColor(taken); });
 }
 
 void QuorvaleBoxWidget::setForeColor(const QColor& colour) {
-    call([&](QuorvaleBox& held) { held.ForeColor(toColour(colour)); });
+    const Colour taken = colour.isValid() ? toColour(colour) : textOfNewOnes;
+    call([&](QuorvaleBox& held) { held.ForeColor(taken); });
 }
 
 void QuorvaleBoxWidget::setBorderColor(const QColor& colour) {
-    call([&](QuorvaleBox& held) { held.BorderColor(toColour(colour)); });
+    const Colour taken = colour.isValid() ? toColour(colour) : groundOfNewOnes;
+    call([&](QuorvaleBox& held) { held.BorderColor(taken); });
 }
 
 void QuorvaleBoxWidget::setLeftBorderWidth(double twips) {
-    auto width = static_cast<float>(twips);
+    auto width = static_cast<float>(std::min(twips, widestBorder));
     call([&](QuorvaleBox& held) { held.LeftBorderWidth(width); });
 }
 
@@ -121,15 +162,9 @@ void QuorvaleBoxWidget::setIcon(const QIcon& icon) {
     call([&](QuorvaleBox& held) { held.Icon(picture); });
 }
 
-void QuorvaleBoxWidget::resetBackColor() {
-    call([&](QuorvaleBox& held) { held.BackColor(groundOfNewOnes); });
-}
-void QuorvaleBoxWidget::resetForeColor() {
-    call([&](QuorvaleBox& held) { held.ForeColor(textOfNewOnes); });
-}
-void QuorvaleBoxWidget::resetBorderColor() {
-    call([&](QuorvaleBox& held) { held.BorderColor(groundOfNewOnes); });
-}
+void QuorvaleBoxWidget::resetBackColor() { setBackColor({}); }
+void QuorvaleBoxWidget::resetForeColor() { setForeColor({}); }
+void QuorvaleBoxWidget::resetBorderColor() { setBorderColor({}); }
 
 void QuorvaleBoxWidget::resetLeftBorderWidth() {
     setLeftBorderWidth(static_cast<double>(widthOfNewOnes));

@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QString>
 
+#include "qt/export.h"
+
 namespace quorvale {
 
 class HostExtras;
@@ -13,20 +15,24 @@ class QuorvaleBoxWidget;
 /// tab before it and a line feed behind it. The control itself
 /// leaves these keys to its host: they are answered after `keyDown` has told every other listener
 /// that was connected before. Make one to switch it on; it belongs to the widget.
-class RowCopying final : public QObject {
+class QUORVALE_WIDGET_EXPORT RowCopying final : public QObject {
     Q_OBJECT
 
 public:
     /// More characters than this are not put on the clipboard.
     static constexpr qint64 MostCharacters = qint64{1} << 27;
 
+    /// It belongs to the widget and goes with it.
     explicit RowCopying(QuorvaleBoxWidget& widget);
 
 public slots:
+    /// What Ctrl+C does: the rows as they stand in the file.
     void copyRows();
+    /// What Ctrl+Shift+C does: each line behind its number and a tab.
     void copyNumberedRows();
 
 signals:
+    /// So many rows were put on the clipboard.
     void copied(int rows);
     /// The rows are more text than a clipboard can sensibly hold; it was left as it is.
     void tooMuch();
@@ -39,6 +45,6 @@ private:
 };
 
 /// The lines as they stand in the file, each after its number and a tab, parted by line feeds.
-QString numberedLines(const HostExtras& document, int first, int last);
+QUORVALE_WIDGET_EXPORT QString numberedLines(const HostExtras& document, int first, int last);
 
 }  // namespace quorvale

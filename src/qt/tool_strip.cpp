@@ -1,9 +1,12 @@
 #include "qt/tool_strip.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOption>
+#include <algorithm>
 
 #include "base/errors.h"
 #include "platform/variant.h"
@@ -43,6 +46,10 @@ ToolStrip::ToolStrip(ControlLinkPtr link, QWidget* parent)
       link_(std::move(link)),
       searchBox_(new TextBoxMirror(&Surface::txtSearch, link_, this)),
       lineBox_(new TextBoxMirror(&Surface::txtLn, link_, this)) {
+    // Buttons are written as everywhere in the program, however large the rows are.
+    QFont plain = QApplication::font();
+    plain.setResolveMask(QFont::AllPropertiesResolved);
+    setFont(plain);
     searchBox_->setObjectName("txtSearch");
     lineBox_->setObjectName("txtLn");
     searchBox_->hide();
@@ -93,7 +100,12 @@ ToolStrip::Entry ToolStrip::makeEntry(const ToolbarButton& shown, std::size_t pl
                 });
             });
     }
-    if (entry.Held != nullptr) entry.Held->setVisible(true);
+    if (entry.Held == nullptr) return entry;
+    entry.Held->setVisible(true);
+    // Tab follows what is seen, whichever of them was made first.
+    const auto before = std::find_if(entries_.rbegin(), entries_.rend(),
+                                     [](const Entry& one) { return one.Held != nullptr; });
+    if (before != entries_.rend()) setTabOrder(before->Held, entry.Held);
     return entry;
 }
 
@@ -107,7 +119,8 @@ QToolButton* ToolStrip::makeButton(const ToolbarButton& shown) {
     auto* button = new QToolButton(this);
     button->setObjectName(toQString(shown.Key));
     button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::NoFocus);
+    // Reached by Tab, but a click leaves the keys where they are.
+    button->setFocusPolicy(Qt::TabFocus);
     button->setIconSize(QSize(pictureSize, pictureSize));
     button->setCheckable(shown.Kind == ButtonKind::Check);
     if (shown.Kind == ButtonKind::DropDown) {
@@ -148,7 +161,8 @@ void ToolStrip::showMenu(QToolButton& button, const ToolbarButton& shown) {
         }
         QAction* action = menu.actions().at(static_cast<qsizetype>(i));
         action->setSeparator(item.IsSeparator());
-        action->setText(toQString(item.Caption));
+        // The text of a separator would be drawn beside its line.
+        if (!item.IsSeparator()) action->setText(toQString(item.Caption));
         action->setEnabled(item.Enabled);
     }
 }
@@ -163,6 +177,14 @@ void ToolStrip::placeEntries() {
         }
         left += entry.Width;
     }
+}
+
+// The boxes and buttons leave the key to us: it leads back to the text.
+void ToolStrip::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Escape || parentWidget() == nullptr) {
+        return QWidget::keyPressEvent(event);
+    }
+    parentWidget()->setFocus(Qt::OtherFocusReason);
 }
 
 void ToolStrip::resizeEvent(QResizeEvent*) { placeEntries(); }

@@ -25,6 +25,7 @@ public:
     QToolButton* button(std::size_t place) const { return entries_[place].Button; }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -1,19 +1,29 @@
 #include "qt/widget_services.h"
 
-#include <QLocale>
+#include <QApplication>
 #include <QMessageBox>
-#include <QStringList>
 #include <utility>
 
 #include "adapters/huge_pages.h"
 #include "adapters/posix_files.h"
-#include "adapters/pugi_xml.h"
 #include "qt/conversions.h"
 #include "qt/qt_text_metrics.h"
+#include "qt/search_watch.h"
+#ifdef QUORVALE_WITH_PUGIXML
+#include "adapters/pugi_xml.h"
+#else
+#include "platform/plain_xml.h"
+#endif
 
 namespace quorvale {
 
 namespace {
+
+#ifdef QUORVALE_WITH_PUGIXML
+using JournalXml = PugiXml;
+#else
+using JournalXml = PlainXml;
+#endif
 
 constexpr int english = 1033;
 constexpr int japanese = 1041;
@@ -22,19 +32,28 @@ constexpr int korean = 1042;
 /// The widget as the form that the control lies on.
 class WidgetContainer final : public Container {
 public:
-    WidgetContainer(QWidget& control, std::function<void(const QString&)> report)
-        : control_(&control), font_(control.font()), report_(std::move(report)) {}
+    WidgetContainer(QWidget& control, std::shared_ptr<const bool> designed,
+                    std::function<void(const QString&)> report)
+        : control_(&control), designed_(std::move(designed)), report_(std::move(report)) {}
 
-    bool UserMode() const override { return true; }
+    bool UserMode() const override { return !*designed_; }
     std::u16string DisplayName() const override {
         return control_ == nullptr ? std::u16string() : toUtf16(control_->objectName());
     }
-    quorvale::Font Font() const override { return fromQFont(font_); }
+    quorvale::Font Font() const override { return fromQFont(surroundingFont()); }
     void PropertyChanged(std::u16string_view name) override { report_(toQString(name)); }
 
 private:
+    /// What the widget has, or would have if it had been given none.
+    QFont surroundingFont() const {
+        if (control_ == nullptr) return QApplication::font();
+        if (!control_->testAttribute(Qt::WA_SetFont)) return control_->font();
+        const QWidget* around = control_->isWindow() ? nullptr : control_->parentWidget();
+        return around != nullptr ? around->font() : QApplication::font(control_);
+    }
+
     QPointer<QWidget> control_;
-    QFont font_;
+    std::shared_ptr<const bool> designed_;
     std::function<void(const QString&)> report_;
 };
 
@@ -61,28 +80,54 @@ private:
     QPointer<QWidget> control_;
 };
 
-int languageOfDesktop() {
-    const QStringList languages = QLocale::system().uiLanguages();
-    const QString first = languages.isEmpty() ? QString() : languages.first();
-    if (first.startsWith("ja")) return japanese;
-    return first.startsWith("ko") ? korean : english;
+int idOfLanguage(QLocale::Language language) {
+    if (language == QLocale::Japanese) return japanese;
+    return language == QLocale::Korean ? korean : english;
+}
+
+QLocale::Language& chosenLanguage() {
+    static QLocale::Language chosen = QLocale::AnyLanguage;
+    return chosen;
+}
+
+std::shared_ptr<FileSystem> realFiles(std::function<void(const FileNotice&)> notice) {
+    auto files = std::make_shared<PosixFiles>();
+    files->SetNoticeHandler(std::move(notice));
+    return files;
 }
 
 }  // namespace
 
+int languageIdOf(const QStringList& uiLanguages) {
+    return uiLanguages.isEmpty() ? english : idOfLanguage(QLocale(uiLanguages.first()).language());
+}
+
+void setLanguageOfNewWidgets(QLocale::Language language) { chosenLanguage() = language; }
+QLocale::Language languageOfNewWidgets() { return chosenLanguage(); }
+
+Language languageFor(const QWidget& widget) {
+    const QLocale::Language chosen = languageOfNewWidgets();
+    return LanguageFromId(chosen != QLocale::AnyLanguage
+                              ? idOfLanguage(chosen)
+                              : languageIdOf(widget.locale().uiLanguages()));
+}
+
 HostServices widgetServices(QWidget& control, std::shared_ptr<FontFaces> faces,
+                            const ControlLinkPtr& link, std::shared_ptr<const bool> designed,
+                            const WidgetPorts& ports,
                             std::function<void(const QString& property)> report,
                             std::function<void(const FileNotice&)> notice) {
     HostServices services;
     services.Metrics = std::make_shared<QtTextMetrics>(std::move(faces));
-    auto files = std::make_shared<PosixFiles>();
-    files->SetNoticeHandler(std::move(notice));
-    services.Files = std::move(files);
+    services.Files = ports.Files ? ports.Files : realFiles(std::move(notice));
     services.Memory = std::make_shared<HugePageMemory>();
-    services.Site = std::make_shared<WidgetContainer>(control, std::move(report));
-    services.Xml = std::make_shared<PugiXml>();
+    services.Site =
+        std::make_shared<WidgetContainer>(control, std::move(designed), std::move(report));
+    services.Xml = std::make_shared<JournalXml>();
     services.Messages = std::make_shared<WidgetMessages>(control);
-    services.LanguageId = languageOfDesktop();
+    services.LanguageId = static_cast<int>(languageFor(control));
+    services.Progress = std::make_shared<SearchWatch>(
+        control, link, ports.Time ? ports.Time : std::make_shared<const SteadyClock>());
     return services;
 }
 

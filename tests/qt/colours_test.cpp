@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QTest>
+#include <QToolButton>
 #include <algorithm>
 #include <cmath>
 
@@ -18,6 +19,9 @@ private slots:
     void systemIndexesFollowThePalette();
     void aDarkThemeIsReadable();
     void aChangeOfTheThemeIsShownAtOnce();
+    void aNewThemeOfTheWholeProgramIsShownToo();
+    void aSetColourStaysInEveryTheme();
+    void thePicturesOfTheToolbarStandOutInBothThemes();
     void aRowHasItsOwnColours();
     void aSelectedRowIsHighlighted();
 };
@@ -111,6 +115,61 @@ void ColoursTest::aChangeOfTheThemeIsShownAtOnce() {
     QCOMPARE(lastPixel(shown.picture(), text), QApplication::palette().color(QPalette::Base).rgb());
     shown.widget().setPalette(darkPalette());
     QCOMPARE(lastPixel(shown.picture(), text), darkPalette().color(QPalette::Base).rgb());
+}
+
+void ColoursTest::aNewThemeOfTheWholeProgramIsShownToo() {
+    const QPalette before = QApplication::palette();
+    ShownBox shown;
+    shown.loadLines(100);
+    shown.box().MoveTo(5, 1);
+    shown.box().SelectedRowsCount(2);
+    shown.box().BorderColor(0x80000005);
+    shown.settle();
+    QApplication::setPalette(darkPalette());
+    const QImage picture = shown.picture();
+    QApplication::setPalette(before);
+    const QRgb ground = darkPalette().color(QPalette::Base).rgb();
+    QCOMPARE(lastPixel(picture, shown.textPixels(1)), ground);
+    QCOMPARE(lastPixel(picture, shown.textPixels(4)),
+             darkPalette().color(QPalette::Highlight).rgb());
+    const QRectF strip = pixelRect(shown.elements().picBorder);
+    const QPointF place = QPointF(strip.center().x(), strip.bottom() - 20) * shown.scale();
+    QCOMPARE(picture.pixel(place.toPoint()), ground);
+    QVERIFY(contrast(inkOf(picture, shown.textPixels(1), ground), ground) >= 7);
+    // And back again.
+    QCOMPARE(lastPixel(shown.picture(), shown.textPixels(1)), before.color(QPalette::Base).rgb());
+}
+
+void ColoursTest::aSetColourStaysInEveryTheme() {
+    ShownBox shown;
+    shown.widget().setBackColor(QColor(0xFF, 0xFF, 0xE0));
+    shown.widget().setForeColor(Qt::black);
+    shown.loadLines(100);
+    shown.widget().setPalette(darkPalette());
+    const QImage picture = shown.picture();
+    const QRgb ground = lastPixel(picture, shown.textPixels(3));
+    QCOMPARE(ground, qRgb(0xFF, 0xFF, 0xE0));
+    QVERIFY(contrast(inkOf(picture, shown.textPixels(3), ground), ground) >= 7);
+}
+
+void ColoursTest::thePicturesOfTheToolbarStandOutInBothThemes() {
+    const QPalette before = QApplication::palette();
+    for (const QPalette& theme : {before, darkPalette()}) {
+        QApplication::setPalette(theme);
+        ShownBox shown;
+        shown.loadLines(100);
+        shown.box().CollapseLines(1, 9);
+        const QImage picture = shown.picture();
+        for (const char* key : {"Find", "Ln", "Collapsed", "Edit", "Grid", "Print", "cmdMore"}) {
+            const auto* button = shown.widget().findChild<QToolButton*>(key);
+            const QPoint corner = button->mapTo(&shown.widget(), QPoint());
+            const QRect part(corner * shown.scale(), button->size() * shown.scale());
+            const QRgb ground = picture.pixel(part.topLeft() + QPoint(2, 2));
+            const double seen = contrast(inkOf(picture, part, ground), ground);
+            QVERIFY2(seen >= 3, qPrintable(QString("%1: %2").arg(key).arg(seen)));
+        }
+    }
+    QApplication::setPalette(before);
 }
 
 void ColoursTest::aRowHasItsOwnColours() {

@@ -10,6 +10,7 @@
 #include "qt/conversions.h"
 #include "viewer/line_folds.h"
 #include "viewer/severity_colours.h"
+#include "viewer/viewer_settings.h"
 #include "viewer/viewer_window.h"
 
 using namespace quorvale;
@@ -19,6 +20,8 @@ class ReadingAidsTest : public QObject {
     Q_OBJECT
 
 private slots:
+    // What one test switches on is not on in the next one's window.
+    void initTestCase() { ViewerSettings::keepNothing(); }
     void indentationMakesNestedRanges();
     void aTabGoesToTheNextMultipleOfEight();
     void blankLinesEndNoBlock();

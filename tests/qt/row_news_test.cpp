@@ -122,7 +122,7 @@ void RowNewsTest::theWordsFollowTheLanguage() {
     QCOMPARE(spokenName(row, Language::Japanese), QString("空行"));
     QCOMPARE(spokenName(row, Language::Korean), QString("빈 행"));
     QCOMPARE(spokenDescription(row, Language::English), QString("line 12, folded, corrected"));
-    QCOMPARE(spokenDescription(row, Language::Japanese), QString("行 12, 縮小, 修正済み"));
+    QCOMPARE(spokenDescription(row, Language::Japanese), QString("行 12, 折りたたみ, 修正済み"));
     QCOMPARE(spokenDescription(row, Language::Korean), QString("행 12, 접힘, 정정됨"));
     row.Text = SharedText(u"\t\u3000 ");
     QCOMPARE(spokenName(row, Language::English), QString("blank"));

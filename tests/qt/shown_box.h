@@ -19,8 +19,9 @@ namespace quorvale::test {
 /// A control in a window of its own, and what a test asks of it.
 class ShownBox {
 public:
-    explicit ShownBox(QSize size = QSize(800, 600), const HostOptions& options = {})
-        : widget_(std::make_unique<QuorvaleBoxWidget>()) {
+    explicit ShownBox(QSize size = QSize(800, 600), const HostOptions& options = {},
+                      const WidgetPorts& ports = {})
+        : widget_(std::make_unique<QuorvaleBoxWidget>(nullptr, ports)) {
         widget_->setOptions(options);
         box().Font(Font{u"DejaVu Sans Mono", 9});
         box().BackColor(0x80000005);

@@ -25,6 +25,7 @@ private slots:
     void aContextMenuReturnsAtOnceAndReportsThePick();
     void aContextMenuThatIsLeftPicksNothing();
     void largeFontsDoNotCutTheBoxes();
+    void tabGoesFromLeftToRight();
 };
 
 namespace {
@@ -85,6 +86,8 @@ void ToolbarTest::theFindMenuHasItsEntries() {
     QStringList captions;
     for (const QAction* action : menu->actions()) {
         captions << (action->isSeparator() ? "-" : action->text());
+        // It used to be drawn with a dash in front of its line.
+        if (action->isSeparator()) QCOMPARE(action->text(), QString());
     }
     QCOMPARE(captions, (QStringList{"Find Next", "Find All", "Wildcard Find All", "-",
                                     "Recent Search List"}));
@@ -201,6 +204,19 @@ void ToolbarTest::largeFontsDoNotCutTheBoxes() {
         QCOMPARE(shown.rows().y(), shown.live().tools().height());
     }
     QApplication::setFont(before);
+}
+
+// The boxes came first, whatever stood in front of them.
+void ToolbarTest::tabGoesFromLeftToRight() {
+    ShownBox shown;
+    ToolStrip& tools = shown.live().tools();
+    QStringList order;
+    QWidget* next = tools.nextInFocusChain();
+    for (; next != &tools; next = next->nextInFocusChain()) {
+        if (next->parentWidget() == &tools) order << next->objectName();
+    }
+    QCOMPARE(order, (QStringList{"Find", "txtSearch", "Ln", "txtLn", "Collapsed", "Edit", "Grid",
+                                 "Print"}));
 }
 
 QTEST_MAIN(ToolbarTest)

@@ -1,9 +1,12 @@
+#include <QAction>
+#include <QDir>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QProcess>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
@@ -14,6 +17,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "adapters/document_lock.h"
 #include "qt/conversions.h"
 #include "viewer/open_check.h"
 #include "viewer/viewer_window.h"
@@ -37,6 +41,11 @@ private slots:
     void refusingIsToldInAMessage();
     void whatIsPendingBelongsToTheFileThatIsShown();
     void aSecondViewerDoesNotCorrect();
+    void whatASecondViewerShowsIsNotWritten();
+    void theLockIsHeldUntilTheJournalIsWritten();
+    void utf16IsOnlyShown();
+    void aNameBehindALinkMeansOneFile();
+    void aMessageThatComesWhileClosingIsReadFirst();
     void anUnreadableJournalForbidsCorrecting();
     void theSnapshotShowsTheLineAskedFor();
     void theProgramRefusesWithAMessageAndOne();
@@ -68,6 +77,14 @@ bool withoutPrivileges(Question question) {
     }
     int status = -1;
     return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+/// An entry of the menus, by the beginning of its caption.
+QAction* entry(const ViewerWindow& window, const QString& caption) {
+    for (QAction* action : window.findChildren<QAction*>()) {
+        if (action->text().remove('&').startsWith(caption)) return action;
+    }
+    return nullptr;
 }
 
 void drop(QWidget& window, const QMimeData& data) {
@@ -116,7 +133,7 @@ void ViewerTest::aFileWithoutALineIsShown() {
     window.openFile(folder_.filePath("first.txt"));
     QCOMPARE(window.openFile(put("empty.txt", "")), QString());
     QCOMPARE(row(window, 0), QString());
-    QVERIFY(window.statusText().startsWith("1 lines, 0 bytes"));
+    QVERIFY(window.statusText().startsWith("1 line, 0 bytes"));
 }
 
 void ViewerTest::encodingsAreToldInWords() {
@@ -230,6 +247,93 @@ void ViewerTest::aSecondViewerDoesNotCorrect() {
     first.reset();
     QCOMPARE(second.openFile(file), QString());
     QVERIFY(second.control().options().OfferEditing);
+}
+
+// Symptom: it brought the journal back when it closed, and the lines came in a second time.
+void ViewerTest::whatASecondViewerShowsIsNotWritten() {
+    const QString file = put("inserted.txt", "one\ntwo\n");
+    const QString journal =
+        put("inserted.txt!.xml",
+            "<corrections><update start=\"2\" loc=\"0\">new\n</update></corrections>");
+    const auto pick = [](ViewerWindow& window, const char16_t* key) {
+        window.control().act([key](Surface& surface) { surface.mnuPopup.UserPick(key); });
+    };
+    auto first = std::make_unique<ViewerWindow>();
+    auto second = std::make_unique<ViewerWindow>();
+    QCOMPARE(first->openFile(file), QString());
+    QCOMPARE(second->openFile(file), QString());
+    QCOMPARE(entry(*first, "Commit")->isEnabled(), true);
+    QCOMPARE(entry(*second, "Commit")->isEnabled(), false);
+    pick(*second, u"mnuPopupCommit");
+    QVERIFY(QFile::exists(journal));
+    pick(*first, u"mnuPopupCommit");
+    QVERIFY(!QFile::exists(journal));
+    second.reset();
+    first.reset();
+    QVERIFY(!QFile::exists(journal));
+    QFile committed(file);
+    QVERIFY(committed.open(QIODevice::ReadOnly));
+    QCOMPARE(committed.readAll(), QByteArray("one\nnew\ntwo\n"));
+}
+
+void ViewerTest::theLockIsHeldUntilTheJournalIsWritten() {
+    const QString file = put("locked.txt", "one\n");
+    for (const bool opensAnother : {true, false}) {
+        auto window = std::make_unique<ViewerWindow>();
+        QCOMPARE(window->openFile(file), QString());
+        bool held = false;
+        connect(&window->control(), &QObject::destroyed, this,
+                [&] { held = DocumentLock(toUtf16(file)).IsTaken(); });
+        if (opensAnother) {
+            QCOMPARE(window->openFile(folder_.filePath("first.txt")), QString());
+        } else {
+            window.reset();
+        }
+        QVERIFY(held);
+    }
+}
+
+// Symptom: a corrected line came back as single bytes between the others.
+void ViewerTest::utf16IsOnlyShown() {
+    for (const char* mark : {"\xFF\xFE", "\xFE\xFF"}) {
+        const QString file = put("wide.txt", QByteArray(mark) + QByteArray("a\0\n\0", 4));
+        ViewerWindow window;
+        QCOMPARE(window.openFile(file), QString());
+        QVERIFY(window.control().options().ReadOnly);
+        QVERIFY(window.statusBar()->currentMessage().contains("UTF-16"));
+        QCOMPARE(window.openFile(folder_.filePath("first.txt")), QString());
+        QVERIFY(!window.control().options().ReadOnly);
+    }
+}
+
+// Symptom: one file was locked, and another one shown.
+void ViewerTest::aNameBehindALinkMeansOneFile() {
+    QVERIFY(QDir(folder_.path()).mkpath("deep/down"));
+    put("deep/meant.txt", "meant\n");
+    put("meant.txt", "another\n");
+    QVERIFY(QFile::link(folder_.filePath("deep/down"), folder_.filePath("link")));
+    const QString name = folder_.filePath("link") + "/../meant.txt";
+    ViewerWindow window;
+    QCOMPARE(window.openFile(name), QString());
+    QCOMPARE(row(window, 0), QString("meant"));
+    QVERIFY(DocumentLock(toUtf16(folder_.filePath("deep/meant.txt"))).IsTaken());
+}
+
+// Symptom: the box stood without its window, and the program never ended.
+void ViewerTest::aMessageThatComesWhileClosingIsReadFirst() {
+    ViewerWindow window;
+    window.show();
+    QMetaObject::invokeMethod(
+        &window, [&] { window.tell("kept"); }, Qt::QueuedConnection);
+    QVERIFY(!window.close());
+    auto* box = window.findChild<QMessageBox*>();
+    QVERIFY(box != nullptr && box->isVisible());
+    box->accept();
+    QTRY_VERIFY(!window.isVisible());
+    QTRY_VERIFY(window.findChild<QMessageBox*>() == nullptr);
+    QTest::ignoreMessage(QtWarningMsg, "late");
+    window.tell("late");
+    QVERIFY(window.findChild<QMessageBox*>() == nullptr);
 }
 
 void ViewerTest::anUnreadableJournalForbidsCorrecting() {
