@@ -1,9 +1,11 @@
 #include "viewer/document_guard.h"
 
+#include <QLocale>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
-#include <cstddef>
+#include <QTimer>
+#include <functional>
 #include <new>
 #include <stdexcept>
 #include <string>
@@ -12,6 +14,7 @@
 #include "base/errors.h"
 #include "control/host_corrections.h"
 #include "platform/file_digest.h"
+#include "platform/file_notice.h"
 #include "qt/conversions.h"
 #include "qt/quorvale_box_widget.h"
 #include "viewer/busy_cursor.h"
@@ -20,22 +23,33 @@ namespace quorvale {
 
 namespace {
 
-constexpr std::size_t pieceSize = 1 << 20;
+/// How often it is looked whether there is something to save, in milliseconds.
+constexpr int saveEvery = 500;
 
-/// Whether the file holds just these bytes. One that cannot be read, or is no file any more, is
-/// another one.
 bool isStill(const std::u16string& fileName, const FileDigest& digest) {
     const BusyCursor busy;
-    auto stream = PosixFiles().OpenForReading(fileName);
-    if (!stream || (*stream)->Size() != digest.Size) return false;
-    DigestBuilder builder;
-    std::string piece(pieceSize, '\0');
-    for (;;) {
-        auto size = (*stream)->Read(reinterpret_cast<std::byte*>(piece.data()), pieceSize);
-        if (!size) return false;
-        if (*size == 0) return builder.Digest() == digest;
-        builder.Add({piece.data(), *size});
+    PosixFiles files;
+    return Holds(files, fileName, digest);
+}
+
+/// Runs something that saves; what went wrong, or the empty text.
+QString failureOf(const std::function<void()>& saving) {
+    try {
+        saving();
+        return {};
+    } catch (const ControlError& error) {
+        return QString::fromUtf8(error.what());
+    } catch (const std::bad_alloc&) {
+        return DocumentGuard::tr("There is not enough memory.");
+    } catch (const std::length_error&) {
+        return DocumentGuard::tr("They are too large.");
     }
+}
+
+bool isGone(const std::u16string& fileName) {
+    PosixFiles files;
+    auto there = files.Exists(fileName);
+    return there && !*there;
 }
 
 enum Answer { Cancelled, Reload, CommitAnyway, TryAgain, Leave };
@@ -78,6 +92,12 @@ DocumentGuard::DocumentGuard(QuorvaleBoxWidget& control) : QObject(&control), co
     control_.box().Corrections().BeforeCommit = [alive] {
         return alive != nullptr && alive->mayCommit();
     };
+    control_.box().Corrections().TooMuchToEdit = [alive] {
+        if (alive != nullptr) emit alive->told(tr("Too much text to edit: select fewer rows"));
+    };
+    auto* timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, &DocumentGuard::saveRecorded);
+    timer->start(saveEvery);
 }
 
 bool DocumentGuard::mayCommit() {
@@ -90,9 +110,36 @@ bool DocumentGuard::mayDropUnplaced() {
     const int lost = control_.box().Corrections().WithoutPlace();
     if (lost == 0) return true;
     Question question(
-        control_, tr("%n correction(s) do not fit this file.", nullptr, lost),
-        tr("They begin behind its end, overlap others or cannot be read. Committing drops them."));
+        control_,
+        lost == 1 ? tr("1 correction does not fit this file.")
+                  : tr("%1 corrections do not fit this file.").arg(QLocale().toString(lost)),
+        tr("They reach behind its end, overlap others or cannot be read whole. Committing drops "
+           "them, or part of them; a copy of all corrections is kept."));
     question.offer(CommitAnyway, tr("Commit &without them"), QMessageBox::AcceptRole);
+    const QPointer<DocumentGuard> alive(this);
+    const int answer = question.ask();
+    return alive != nullptr && answer == CommitAnyway && keepJournal();
+}
+
+// What the user lets go of stays on the disk.
+bool DocumentGuard::keepJournal() {
+    PosixFiles files;
+    QString keptAs;
+    files.SetNoticeHandler([&](const FileNotice& notice) { keptAs = toQString(notice.KeptAs); });
+    auto kept = files.CopyJournalAside(control_.box().Corrections().FilePath() + u"!.xml");
+    if (kept) {
+        emit told(tr("A copy of all corrections was kept as %1").arg(keptAs));
+        return true;
+    }
+    emit told(tr("Nothing was committed: no copy of the corrections could be kept (%1)")
+                  .arg(QString::fromStdString(kept.Failure().Reason)));
+    return false;
+}
+
+bool DocumentGuard::mayWriteAnew(const QString& fileName) {
+    Question question(control_, tr("%1 is not there any more.").arg(fileName),
+                      tr("Committing writes it anew, as it is shown, with your corrections."));
+    question.offer(CommitAnyway, tr("Commit &anyway"), QMessageBox::AcceptRole);
     const QPointer<DocumentGuard> alive(this);
     const int answer = question.ask();
     return alive != nullptr && answer == CommitAnyway;
@@ -102,6 +149,7 @@ bool DocumentGuard::mayReplace() {
     const HostCorrections& corrections = control_.box().Corrections();
     const std::u16string fileName = corrections.FilePath();
     if (isStill(fileName, corrections.LoadedDigest())) return true;
+    if (isGone(fileName)) return mayWriteAnew(toQString(fileName));
     Question question(
         control_, tr("%1 has changed on the disk since it was opened.").arg(toQString(fileName)),
         tr("Your corrections were made to the lines as they were then. Reloading keeps them and "
@@ -119,16 +167,20 @@ bool DocumentGuard::mayReplace() {
 }
 
 QString DocumentGuard::saveFailure() {
-    try {
-        control_.box().Corrections().Save();
-        return {};
-    } catch (const ControlError& error) {
-        return QString::fromUtf8(error.what());
-    } catch (const std::bad_alloc&) {
-        return tr("There is not enough memory.");
-    } catch (const std::length_error&) {
-        return tr("They are too large.");
+    return failureOf([this] { control_.box().Corrections().Save(); });
+}
+
+// A program may be killed, and a session ends: what was recorded is on the disk by then.
+void DocumentGuard::saveRecorded() {
+    HostCorrections& corrections = control_.box().Corrections();
+    const std::uint64_t changes = corrections.Changes();
+    if (toldFailure_ && failedAt_ == changes) return;
+    const QString failure = failureOf([&] { corrections.SaveRecorded(); });
+    if (!failure.isEmpty() && !toldFailure_) {
+        emit told(tr("Your corrections could not be saved.") + " " + failure);
     }
+    toldFailure_ = !failure.isEmpty();
+    failedAt_ = changes;
 }
 
 bool DocumentGuard::mayClose() {

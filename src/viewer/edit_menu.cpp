@@ -1,8 +1,9 @@
 #include "viewer/edit_menu.h"
 
 #include <QMenu>
+#include <QPlainTextEdit>
 
-#include "qt/conversions.h"
+#include "viewer/row_menu.h"
 
 namespace quorvale {
 
@@ -15,6 +16,13 @@ EditMenu::EditMenu(QMenu& menu) : QObject(&menu) {
 void EditMenu::applyTo(QuorvaleBoxWidget& control, RowCopying& copying) {
     control_ = &control;
     copying_ = &copying;
+    followOptions();
+}
+
+void EditMenu::followOptions() {
+    if (control_ == nullptr) return;
+    const bool mayChange = !control_->options().ReadOnly;
+    for (QAction* action : changing_) action->setEnabled(mayChange);
 }
 
 // The keys are the control's to hand on, and the boxes have their own use for them: the menu only
@@ -29,39 +37,74 @@ void EditMenu::addCopying(QMenu& menu) {
 }
 
 void EditMenu::addCorrections(QMenu& menu) {
-    addPick(menu, tr("&Edit lines") + "\tF2", u"mnuPopupEdit");
+    changing_ << addCommand(menu, tr("&Edit lines") + "\tF2", &HostCorrections::Edit);
     menu.addAction(tr("C&orrection at the caret..."), QKeySequence(Qt::ALT | Qt::Key_Return), this,
                    &EditMenu::openAtCaret);
     menu.addSeparator();
-    addPick(menu, tr("&Undo correction"), u"mnuPopupUndo");
-    addPick(menu, tr("Undo &all corrections..."), u"mnuUndoAll");
-    addPick(menu, tr("&Previous correction"), u"mnuPopupPrev")
+    changing_ << menu.addAction(tr("&Undo correction"), QKeySequence::Undo, this,
+                                &EditMenu::undoAtCaret);
+    changing_ << addCommand(menu, tr("Undo &all corrections..."), &HostCorrections::UndoAll);
+    changing_.back()->setShortcut(QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_Z));
+    addWalk(menu, tr("&Previous correction"), &HostCorrections::Previous,
+            tr("There is no earlier correction"))
         ->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Up));
-    addPick(menu, tr("Ne&xt correction"), u"mnuPopupNext")
+    addWalk(menu, tr("Ne&xt correction"), &HostCorrections::Next,
+            tr("There is no further correction"))
         ->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Down));
     menu.addSeparator();
-    addPick(menu, tr("Co&mmit into the file"), u"mnuPopupCommit")->setShortcut(QKeySequence::Save);
+    changing_ << addCommand(menu, tr("Co&mmit into the file"), &HostCorrections::Commit);
+    changing_.back()->setShortcut(QKeySequence::Save);
 }
 
-QAction* EditMenu::addPick(QMenu& menu, const QString& text, const char16_t* key) {
-    return menu.addAction(text, this, [this, key] {
-        if (control_ == nullptr) return;
-        // The control's own menu works on an open editor as on a closed one.
-        control_->act([key](Surface& surface) { surface.mnuPopup.UserPick(key); });
+// As what a user does: nothing happens from within a long search.
+bool EditMenu::run(Command command) {
+    bool done = false;
+    const QPointer<QuorvaleBoxWidget> control = control_;
+    if (control == nullptr) return true;
+    control->act([&](Surface&) { done = (control->box().Corrections().*command)(); });
+    return done || control == nullptr;
+}
+
+QAction* EditMenu::addCommand(QMenu& menu, const QString& text, Command command) {
+    return menu.addAction(text, this, [this, command] { run(command); });
+}
+
+QAction* EditMenu::addWalk(QMenu& menu, const QString& text, Command step, const QString& ended) {
+    return menu.addAction(text, this, [this, step, ended] {
+        const QPointer<EditMenu> alive(this);
+        if (!run(step) && alive != nullptr) emit told(ended);
     });
+}
+
+int EditMenu::correctedSlot() {
+    if (control_ == nullptr) return -1;
+    const int row = control_->row();
+    if (!control_->box().Corrections().Of(row)) {
+        emit told(tr("There is no correction in this line"));
+        return -1;
+    }
+    control_->ensureVisible(row);
+    return slotOfCaret(control_->box());
 }
 
 // What a click on the mark of the caret's row does.
 void EditMenu::openAtCaret() {
-    if (control_ == nullptr) return;
-    const auto row = toUtf16(QString::number(control_->row()));
-    control_->act([&row](Surface& surface) {
-        for (int slot = 0; surface.lblLine.Has(slot); ++slot) {
-            if (surface.lblLine[slot].Tag() != row || !surface.imgEdit[slot].Visible()) continue;
-            surface.OnEditMarkClick(slot);
-            return;
-        }
-    });
+    const int slot = correctedSlot();
+    if (slot < 0) return;
+    control_->act([slot](Surface& surface) { surface.OnEditMarkClick(slot); });
+}
+
+// While lines are edited, it is what was typed that is taken back.
+bool EditMenu::undoTyping() {
+    auto* editor = control_ == nullptr ? nullptr : control_->findChild<QPlainTextEdit*>("rtbEdit");
+    if (editor == nullptr || editor->isHidden()) return false;
+    editor->undo();
+    return true;
+}
+
+void EditMenu::undoAtCaret() {
+    if (undoTyping() || correctedSlot() < 0) return;
+    control_->act([this](Surface&) { control_->box().Corrections().Undo(control_->row()); });
 }
 
 }  // namespace quorvale

@@ -1,14 +1,22 @@
 #include "viewer/element_dump.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QMenu>
+#include <QMenuBar>
 #include <QSaveFile>
 #include <QStatusBar>
 #include <QToolTip>
 
 #include "control/host_corrections.h"
 #include "qt/conversions.h"
+#include "qt/editor_mirror.h"
+#include "qt/search_panel.h"
+#include "viewer/part_dump.h"
+#include "viewer/shown_around.h"
 #include "viewer/viewer_window.h"
 
 namespace quorvale {
@@ -71,6 +79,32 @@ QJsonArray rowsOf(const Surface& elements) {
     return rows;
 }
 
+/// The panel of a long search.
+QJsonObject progressOf(const QWidget& control) {
+    const auto* panel = control.findChild<SearchPanel*>();
+    QJsonObject progress;
+    progress["visible"] = panel != nullptr && panel->isVisible();
+    progress["text"] = panel == nullptr ? QString() : panel->fileName();
+    progress["value"] = panel == nullptr ? 0 : panel->percent();
+    return progress;
+}
+
+/// Where the entries of an open menu are on the screen, or those of the menu bar.
+template <class Bar>
+QJsonObject entriesOf(const Bar& menu) {
+    QJsonObject entries;
+    for (QAction* action : menu.actions()) {
+        const QPoint at = menu.mapToGlobal(menu.actionGeometry(action).center());
+        if (!action->text().isEmpty()) entries[action->text()] = QJsonArray{at.x(), at.y()};
+    }
+    return entries;
+}
+
+QJsonObject entriesOfMenus(const ViewerWindow& window) {
+    const auto* open = qobject_cast<const QMenu*>(QApplication::activePopupWidget());
+    return open != nullptr ? entriesOf(*open) : entriesOf(*window.menuBar());
+}
+
 }  // namespace
 
 QByteArray dumpElements(ViewerWindow& window) {
@@ -85,7 +119,11 @@ QByteArray dumpElements(ViewerWindow& window) {
     dump["selected"] = box.SelectedRowsCount();
     dump["focus"] = nameOf(elements.Focus.Active());
     dump["pending"] = box.Corrections().Pending();
-    if (elements.rtbEdit.Visible()) dump["editor"] = toQString(elements.rtbEdit.Text());
+    if (elements.rtbEdit.Visible()) {
+        dump["editor"] = toQString(elements.rtbEdit.Text());
+        const auto* editor = control.findChild<EditorMirror*>();
+        if (editor != nullptr) dump["composed"] = editor->composed();
+    }
     dump["rowHeight"] = qRound(toPixels(elements.lblLine[0].Height()));
     dump["height"] = qRound(toPixels(elements.UserControl.Height()));
     // How far the control lies below the top of the window.
@@ -94,21 +132,40 @@ QByteArray dumpElements(ViewerWindow& window) {
     dump["message"] = window.statusBar()->currentMessage();
     if (elements.lvFound.Visible()) {
         dump["results"] = static_cast<int>(elements.lvFound.RowCount());
+        dump["seenResults"] = seenResults(control);
     }
+    dump["search"] = toQString(elements.txtSearch.Text());
+    dump["find"] = findButton(control);
+    dump["menu"] = openMenu();
+    dump["dialog"] = openDialog();
+    dump["title"] = window.windowTitle();
+    dump["windows"] = openWindows();
+    dump["progress"] = progressOf(control);
     if (QToolTip::isVisible()) dump["tip"] = QToolTip::text();
+    dump["menuEntries"] = entriesOfMenus(window);
     dump["rows"] = rowsOf(elements);
+    dumpParts(window, dump);
     return QJsonDocument(dump).toJson();
 }
 
 ElementDump::ElementDump(ViewerWindow& window, QString fileName)
-    : QObject(&window), window_(window), fileName_(std::move(fileName)) {
+    : QObject(qApp), window_(&window), fileName_(std::move(fileName)) {
     timer_.setInterval(milliseconds);
     connect(&timer_, &QTimer::timeout, this, &ElementDump::write);
     timer_.start();
 }
 
+void ElementDump::followTheUser() {
+    for (QWidget* widget = QApplication::activeWindow(); widget != nullptr;
+         widget = widget->parentWidget()) {
+        if (auto* window = qobject_cast<ViewerWindow*>(widget)) window_ = window;
+    }
+}
+
 void ElementDump::write() {
-    const QByteArray dump = dumpElements(window_);
+    followTheUser();
+    if (window_ == nullptr) return;
+    const QByteArray dump = dumpElements(*window_);
     if (dump == written_) return;
     QSaveFile file(fileName_);
     if (!file.open(QIODevice::WriteOnly) || file.write(dump) != dump.size()) return;

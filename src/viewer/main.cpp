@@ -1,5 +1,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QPointer>
+#include <QScopeGuard>
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
@@ -7,7 +9,11 @@
 #include <string>
 #include <string_view>
 
+#include "viewer/appearance.h"
+#include "viewer/designer_check.h"
 #include "viewer/element_dump.h"
+#include "viewer/ending_signals.h"
+#include "viewer/viewer_settings.h"
 #include "viewer/viewer_window.h"
 
 namespace {
@@ -20,6 +26,7 @@ struct Request {
     QString Snapshot;
     QString Dump;
     int Line = 0;
+    bool ChecksDesigner = false;
 };
 
 void complain(const QString& message) {
@@ -56,7 +63,8 @@ bool hasDisplay() {
 bool choosePlatform(int argc, char** argv) {
     if (names(argc, argv, {"-platform", "--platform"})) return true;
     const bool windowless =
-        names(argc, argv, {"--snapshot", "-snapshot", "--help", "-h", "--version", "-v"});
+        names(argc, argv,
+              {"--snapshot", "-snapshot", "--help", "-h", "--version", "-v", "--designer-check"});
     const bool displayed = hasDisplay();
     if (!displayed || (windowless && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -73,10 +81,14 @@ bool readCommandLine(const QApplication& application, Request& request) {
     const QCommandLineOption snapshot("snapshot", "Render the window to a picture and exit.",
                                       "PNG");
     const QCommandLineOption line("line", "Put the caret on a line, counted from 1.", "N");
+    const QCommandLineOption designer(
+        "designer-check",
+        "Load the plugin for Qt Designer, or the one named instead of a file, "
+        "and say why it would not load.");
     // For tools that look at the viewer from outside: of no use to anybody else.
     QCommandLineOption dump("dump-elements", "Keep a file up to date with what is shown.", "JSON");
     dump.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({snapshot, line, dump});
+    parser.addOptions({snapshot, line, designer, dump});
     parser.addPositionalArgument("file", "The file to show.", "[FILE]");
     parser.process(application);
     if (parser.positionalArguments().size() > 1) {
@@ -86,6 +98,7 @@ bool readCommandLine(const QApplication& application, Request& request) {
     request.File = parser.positionalArguments().value(0);
     request.Snapshot = parser.value(snapshot);
     request.Dump = parser.value(dump);
+    request.ChecksDesigner = parser.isSet(designer);
     if (!parser.isSet(line)) return true;
     bool isNumber = false;
     request.Line = parser.value(line).toInt(&isNumber);
@@ -94,12 +107,31 @@ bool readCommandLine(const QApplication& application, Request& request) {
     return false;
 }
 
+/// Says what came of loading the plugin for Qt Designer; the exit code.
+int checkDesigner(const QString& fileName) {
+    const quorvale::DesignerCheck check =
+        quorvale::checkDesignerPlugin(fileName, QApplication::applicationVersion());
+    if (!check.Loads)
+        complain(check.Report);
+    else
+        std::puts(qUtf8Printable(check.Report));
+    return check.Loads ? 0 : 1;
+}
+
 /// Renders the window as it is shown; the exit code.
 int takeSnapshot(ViewerWindow& window, const QString& fileName) {
     QApplication::processEvents();
     if (window.grab().save(fileName)) return 0;
     complain(QString("%1 cannot be written as a picture").arg(fileName));
     return 1;
+}
+
+/// As if the user closed all windows, but there is nobody to ask.
+void endQuietly() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* viewer = qobject_cast<ViewerWindow*>(window)) viewer->saveQuietly();
+    }
+    QApplication::exit();
 }
 
 }  // namespace
@@ -112,28 +144,37 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QUORVALE_VERSION);
     Request request;
     if (!readCommandLine(application, request)) return 1;
+    if (request.ChecksDesigner) return checkDesigner(request.File);
     if (!displayed && request.Snapshot.isEmpty()) {
         complain("there is no display; --snapshot PNG renders the window to a picture");
         return 1;
     }
 
-    ViewerWindow window;
+    if (!request.Snapshot.isEmpty()) quorvale::ViewerSettings::keepNothing();
+    quorvale::wearAsChosen();
+    // One window of several later: it goes, with its lock, when the user closes it.
+    const QPointer<ViewerWindow> window(new ViewerWindow);
+    const auto end = qScopeGuard([&window] { delete window; });
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    if (request.Snapshot.isEmpty()) window->restorePlace();
     // A snapshot is laid out like a window on the screen, without being seen there.
-    window.setAttribute(Qt::WA_DontShowOnScreen, !request.Snapshot.isEmpty());
-    window.show();
-    if (!request.Dump.isEmpty()) new quorvale::ElementDump(window, request.Dump);
+    window->setAttribute(Qt::WA_DontShowOnScreen, !request.Snapshot.isEmpty());
+    window->show();
+    if (!request.Dump.isEmpty()) new quorvale::ElementDump(*window, request.Dump);
     if (!request.File.isEmpty()) {
-        const QString reason = window.openFile(request.File);
+        const QString reason = window->openFile(request.File);
         if (!reason.isEmpty() && !request.Snapshot.isEmpty()) {
             complain(reason);
             return 1;
         }
         if (!reason.isEmpty()) {
-            QTimer::singleShot(0, &window, [&] { window.openOrTell(request.File); });
+            QTimer::singleShot(0, window, [&] { window->openOrTell(request.File); });
         } else if (request.Line > 0) {
-            window.goToLine(request.Line);
+            window->goToLine(request.Line);
         }
     }
-    if (!request.Snapshot.isEmpty()) return takeSnapshot(window, request.Snapshot);
+    if (!request.Snapshot.isEmpty()) return takeSnapshot(*window, request.Snapshot);
+    const quorvale::EndingSignals endings;
+    QObject::connect(&endings, &quorvale::EndingSignals::arrived, &application, endQuietly);
     return QApplication::exec();
 }

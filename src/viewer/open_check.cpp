@@ -1,6 +1,7 @@
 #include "viewer/open_check.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFileInfo>
 
 namespace quorvale {
@@ -28,6 +29,13 @@ QString whyNotOpenable(const QString& fileName) {
     const QString reason = reasonOf(QFileInfo(fileName));
     if (reason.isEmpty()) return {};
     return tr("%1 cannot be opened. %2").arg(fileName, reason);
+}
+
+bool beginsAsUtf16(const QString& fileName) {
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return false;
+    const QByteArray mark = file.read(2);
+    return mark == "\xFF\xFE" || mark == "\xFE\xFF";
 }
 
 }  // namespace quorvale

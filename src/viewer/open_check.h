@@ -9,4 +9,8 @@ namespace quorvale {
 /// device, a file without permission or of more than 2 GiB is refused.
 QString whyNotOpenable(const QString& fileName);
 
+/// Whether the file begins as UTF-16 text does, which is shown byte by byte: a correction would
+/// destroy it.
+bool beginsAsUtf16(const QString& fileName);
+
 }  // namespace quorvale

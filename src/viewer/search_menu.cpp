@@ -8,15 +8,6 @@
 
 namespace quorvale {
 
-namespace {
-
-/// The entries of the control's own menu of its Find button.
-constexpr std::size_t findAll = 1;
-constexpr std::size_t findAllWild = 2;
-constexpr std::size_t recent = 4;
-
-}  // namespace
-
 SearchMenu::SearchMenu(QMenu& menu) : QObject(&menu) {
     const auto add = [&](const QString& text, const QKeySequence& keys, auto act) {
         menu.addAction(text, keys, this, [this, act] {
@@ -30,13 +21,15 @@ SearchMenu::SearchMenu(QMenu& menu) : QObject(&menu) {
         [this] { findAgain(FindDirection::Backward); });
     menu.addSeparator();
     add(tr("List &all matches"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
-        [this] { pickOfFind(findAll); });
-    add(tr("List all matches of a &pattern"), {}, [this] { pickOfFind(findAllWild); });
-    add(tr("Last &list"), {}, [this] { pickOfFind(recent); });
-    add(tr("Next &result"), QKeySequence(Qt::Key_F4),
-        [this] { control_->box().Extras().Search().PickNextResult(); });
+        [this] { list(&SearchExtras::FindAll); });
+    add(tr("List all matches of a pa&ttern"), {},
+        [this] { list(&SearchExtras::FindAllOfPattern); });
+    add(tr("&In files..."), {}, [this] { emit filesWanted(); });
+    menu.addSeparator();
+    add(tr("Last &list"), {}, [this] { emit lastListWanted(); });
+    add(tr("Next &result"), QKeySequence(Qt::Key_F4), [this] { emit neighbourWanted(true); });
     add(tr("Pr&evious result"), QKeySequence(Qt::SHIFT | Qt::Key_F4),
-        [this] { control_->box().Extras().Search().PickPreviousResult(); });
+        [this] { emit neighbourWanted(false); });
     menu.addSeparator();
     add(tr("&Go to line..."), QKeySequence(Qt::CTRL | Qt::Key_G),
         [this] { goTo(control_->liveSurface().tools().lineBox()); });
@@ -60,19 +53,21 @@ void SearchMenu::goTo(QWidget* box) {
     if (auto* line = qobject_cast<QLineEdit*>(box)) line->selectAll();
 }
 
+// As what a user does: nothing happens from within another search.
+void SearchMenu::list(std::size_t (SearchExtras::*search)()) {
+    control_->act([&](Surface&) { (control_->box().Extras().Search().*search)(); });
+}
+
 void SearchMenu::findAgain(FindDirection direction) {
-    const FindOutcome outcome = control_->box().Extras().Search().FindAgain(direction);
-    tell(outcome);
+    // The control tells how it ended; a menu may be gone by then.
+    control_->box().Extras().Search().FindAgain(direction);
 }
 
 void SearchMenu::tell(FindOutcome outcome) {
     if (outcome == FindOutcome::NotFound) emit told(tr("The text was not found"));
     if (outcome == FindOutcome::Wrapped) emit told(tr("The search went on at the other end"));
+    if (outcome == FindOutcome::Stopped) emit told(tr("The search was stopped"));
     if (outcome == FindOutcome::Found) emit told(QString());
-}
-
-void SearchMenu::pickOfFind(std::size_t item) {
-    control_->act([item](Surface& surface) { surface.tbMore.UserMenuClick(u"Find", item); });
 }
 
 }  // namespace quorvale

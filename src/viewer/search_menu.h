@@ -23,12 +23,16 @@ public:
 signals:
     /// For the status bar.
     void told(const QString& message);
+    /// These lead out of the control: to other files, and back to the list that led there.
+    void filesWanted();
+    void neighbourWanted(bool next);
+    void lastListWanted();
 
 private:
     void goTo(QWidget* box);
+    void list(std::size_t (SearchExtras::*search)());
     void findAgain(FindDirection direction);
     void tell(FindOutcome outcome);
-    void pickOfFind(std::size_t item);
 
     QPointer<QuorvaleBoxWidget> control_;
 };

@@ -8,7 +8,9 @@
 #include "control/host_extras.h"
 #include "qt/quorvale_box_widget.h"
 #include "viewer/busy_cursor.h"
+#include "viewer/row_menu.h"
 #include "viewer/severity_colours.h"
+#include "viewer/viewer_settings.h"
 
 namespace quorvale {
 
@@ -36,6 +38,11 @@ private:
 /// Characters of a line that say where it folds and what it is.
 constexpr std::int32_t mostLookedAt = 4096;
 
+/// The kept words for the ways to fold.
+constexpr const char* noFolds = "none";
+constexpr const char* indentation = "indentation";
+constexpr const char* blankLines = "blank lines";
+
 constexpr Colour rgb(int red, int green, int blue) {
     return static_cast<Colour>(red | green << 8 | blue << 16);
 }
@@ -60,10 +67,52 @@ ViewMenu::ViewMenu(QMenu& menu) : QObject(&menu), folds_(this) {
     byBlankLines_ = addToggle(menu, tr("Fold by &blank lines"));
     folds_.addAction(byIndentation_);
     folds_.addAction(byBlankLines_);
+    addFolding(menu);
     menu.addSeparator();
     bySeverity_ = addToggle(menu, tr("&Colour errors and warnings"));
+    const ViewerSettings settings;
+    const QString kept = settings.choice(setting::folds, {noFolds, indentation, blankLines});
+    byIndentation_->setChecked(kept == indentation);
+    byBlankLines_->setChecked(kept == blankLines);
+    bySeverity_->setChecked(settings.isOn(setting::severities, false));
+    connect(&folds_, &QActionGroup::triggered, this, &ViewMenu::keepFolds);
     connect(&folds_, &QActionGroup::triggered, this, &ViewMenu::fold);
-    connect(bySeverity_, &QAction::triggered, this, &ViewMenu::colour);
+    connect(bySeverity_, &QAction::triggered, this, [this](bool on) {
+        ViewerSettings().setOn(setting::severities, on);
+        colour();
+    });
+}
+
+void ViewMenu::keepFolds() {
+    ViewerSettings().setText(setting::folds, byIndentation_->isChecked()  ? indentation
+                                             : byBlankLines_->isChecked() ? blankLines
+                                                                          : noFolds);
+}
+
+void ViewMenu::addFolding(QMenu& menu) {
+    menu.addAction(tr("F&old or unfold here"), QKeySequence(Qt::CTRL | Qt::Key_M), this,
+                   &ViewMenu::toggleAtCaret);
+    menu.addAction(tr("Fold &all"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M), this,
+                   [this] { pickOfFolds(u"mnuCollapseCollapseAll"); });
+    menu.addAction(tr("&Unfold all"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_M), this,
+                   [this] { pickOfFolds(u"mnuCollapseExpandAll"); });
+}
+
+void ViewMenu::pickOfFolds(const char16_t* key) {
+    if (control_ == nullptr) return;
+    control_->act([key](Surface& surface) { surface.mnuCollapse.UserPick(key); });
+}
+
+// What a click on the glyph of the caret's row does.
+void ViewMenu::toggleAtCaret() {
+    if (control_ == nullptr) return;
+    control_->ensureVisible(control_->row());
+    const int slot = slotOfCaret(control_->box());
+    if (slot < 0 || !control_->box().Elements().imgExpand[slot].Visible()) {
+        emit told(tr("No range begins in this line"));
+        return;
+    }
+    control_->act([slot](Surface& surface) { surface.OnGlyphClick(slot); });
 }
 
 QAction* ViewMenu::addToggle(QMenu& menu, const QString& text) {
@@ -99,8 +148,9 @@ void ViewMenu::addFolds(FoldFinder find) {
     const std::vector<FoldRange> folds = find(lines, box.LineCount());
     for (const FoldRange& range : folds) box.CollapseLines(range.First, range.Last);
     const QString count = QLocale().toString(static_cast<qlonglong>(folds.size()));
-    emit told(folds.size() < mostFolds ? tr("%1 ranges can be folded").arg(count)
-                                       : tr("Only the first %1 ranges can be folded").arg(count));
+    emit told(folds.size() >= mostFolds ? tr("Only the first %1 ranges can be folded").arg(count)
+              : folds.size() == 1       ? tr("1 range can be folded")
+                                        : tr("%1 ranges can be folded").arg(count));
 }
 
 void ViewMenu::colour() {

@@ -7,12 +7,13 @@
 #include "qt/quorvale_box_widget.h"
 #include "viewer/line_folds.h"
 
+class QAction;
 class QMenu;
 
 namespace quorvale {
 
-/// The View menu: folds and colours that help to read a file. All are off until the user asks for
-/// them; then they hold for every file that is opened.
+/// The entries of the View menu for folds and colours that help to read a file. All are off until
+/// the user asks for them; then they hold for every file that is opened, and in the next run.
 class ViewMenu final : public QObject {
     Q_OBJECT
 
@@ -35,7 +36,11 @@ signals:
 private:
     using FoldFinder = std::vector<FoldRange> (*)(const LineReader&, std::int32_t);
 
+    void addFolding(QMenu& menu);
     QAction* addToggle(QMenu& menu, const QString& text);
+    void pickOfFolds(const char16_t* key);
+    void toggleAtCaret();
+    void keepFolds();
     void addFolds(FoldFinder find);
     void fold();
     void colour();

@@ -1,21 +1,23 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QTimer>
-#include <cstdint>
 #include <memory>
 
 #include "qt/quorvale_box_widget.h"
 
-class QLabel;
 class QMenu;
 
 namespace quorvale {
 
 class DocumentGuard;
 class DocumentLock;
+class DocumentStatus;
 class EditMenu;
+class FileSearch;
+class LookMenu;
+class ResultWindows;
 class RowCopying;
+class RowMenu;
 class SearchMenu;
 class ViewMenu;
 
@@ -32,17 +34,32 @@ public:
     /// stays unless the file turns out unreadable on the way.
     QString openFile(const QString& fileName);
 
+    /// Gives the window the place on the screen that it had when it was closed last.
+    void restorePlace();
+
     /// Puts the caret on a line and shows it.
     void goToLine(int line);
 
     /// The control of the file that is shown: another one after the next file was opened.
     QuorvaleBoxWidget& control() { return *control_; }
     ViewMenu& view() { return *view_; }
+    ResultWindows& results() { return *results_; }
+    /// The file that is shown, as it was opened; empty for none.
+    QString fileName() const { return fileName_; }
     QString statusText() const;
+
+    /// Saves the corrections and the window's place, for a program that is told to end: what goes
+    /// wrong is written to standard error.
+    void saveQuietly();
 
 public slots:
     /// Opens the file, or shows a message that says why not.
     void openOrTell(const QString& fileName);
+
+    /// Shows a warning that waits for nobody.
+    void tell(const QString& message);
+    /// Shows a message in the status bar for a while.
+    void tellBriefly(const QString& message);
 
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -54,19 +71,18 @@ private:
     void renewControl();
     void setUp(QuorvaleBoxWidget& control);
     void makeMenus();
-    void makeFileMenu();
-    void makeStatusBar();
+    void makeFileMenu(QMenu& file);
+    void attachMenus();
+    void changeLanguage();
     void chooseFile();
     bool showsAFile() const;
     void showDocument();
-    void showStatus();
-    void showPending();
     void tellNotice(FileNotice::Kind what, const QString& name, const QString& keptAs);
-    void tellWhyNotToCorrect();
-    void withholdEditing();
+    QString whyOnlyShown() const;
+    void tellUnreadable();
+    void allowCorrections(bool allowed);
+    bool tellsBeforeClosing();
     void reload();
-    void tell(const QString& message);
-    void tellBriefly(const QString& message);
 
     QuorvaleBoxWidget* control_ = nullptr;
     RowCopying* copying_ = nullptr;
@@ -74,14 +90,16 @@ private:
     std::unique_ptr<DocumentLock> lock_;
     EditMenu* edit_ = nullptr;
     SearchMenu* search_ = nullptr;
+    ResultWindows* results_;
+    FileSearch* files_;
+    DocumentStatus* status_;
     ViewMenu* view_ = nullptr;
-    QLabel* pending_ = nullptr;
-    QTimer pendingTimer_;
-    std::uint64_t changesShown_ = 0;
-    QLabel* lines_ = nullptr;
-    QLabel* size_ = nullptr;
-    QLabel* encoding_ = nullptr;
+    LookMenu* look_ = nullptr;
+    RowMenu* onRows_ = nullptr;
+    /// The language of the menus.
+    QString language_;
     QString fileName_;
+    bool closed_ = false;
 };
 
 }  // namespace quorvale

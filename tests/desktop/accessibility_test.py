@@ -15,7 +15,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib
 
 import desktop
-from desktop import ViewerCase, wait_for
+from desktop import ViewerCase, tool, wait_for
 
 SOURCE = "first\n    one\n    two words\n        deep\n\n    three\nsecond\n    four\n" + "x\n" * 500
 State = Atspi.StateType
@@ -232,6 +232,48 @@ class Folds(ScreenReader):
     def test_a_row_without_a_fold_cannot_be_toggled(self):
         self.assertFalse(has(self.row(2), State.EXPANDABLE))
         self.assertEqual(Atspi.Action.get_n_actions(self.row(2)), 1)
+
+
+class Corrections(ScreenReader):
+    def setUp(self):
+        Path("read.txt!.xml").unlink(missing_ok=True)
+        self.addCleanup(Path("read.txt!.xml").unlink, missing_ok=True)
+        self.read()
+
+    def corrected(self):
+        return [describe(row) for row in self.rows() if has(row, State.CHECKED)]
+
+    def test_a_corrected_row_is_found_by_its_state(self):
+        self.assertEqual(self.corrected(), [])
+        self.press("Down", "Down")
+        self.follow(3, 0)
+        self.press("F2")
+        self.until("the editor", lambda shown: shown["focus"] == "editor")
+        tool("xdotool", "type", "new")
+        self.until("the typed text", lambda shown: shown["editor"].startswith("new"))
+        self.press("ctrl+Return")
+        # What stands there stays until it is committed.
+        self.soon("the correction", lambda: self.corrected() ==
+                  [("    two words", "line 3, corrected")])
+        self.hear("object:property-change:accessible-description", "line 3, corrected")
+        self.press("ctrl+z")
+        self.soon("no correction", lambda: self.corrected() == [])
+
+    def test_rows_are_found_by_all_their_states_at_once(self):
+        self.part("menu item", "Fold by indentation").do_action(0)
+        self.soon("rows that can be folded",
+                  lambda: [row for row in self.rows() if has(row, State.EXPANDABLE)])
+        self.press("F2")
+        self.until("the editor", lambda shown: shown["focus"] == "editor")
+        tool("xdotool", "type", "new")
+        self.press("ctrl+Return")
+        self.soon("the correction", lambda: len(self.corrected()) == 1)
+        self.row(1).do_action(1)
+        def found():
+            return [describe(row) for row in self.rows()
+                    if has(row, State.CHECKED, State.COLLAPSED, State.FOCUSED)]
+        self.soon("the row", lambda: found() == [("first", "line 1, folded, corrected")])
+        self.assertEqual(text_of(self.caret_row()), "first")
 
 
 class Parts(ScreenReader):

@@ -3,6 +3,7 @@
 Usage: corrections_test.py VIEWER, on a display with a window manager."""
 
 import hashlib
+import signal
 import sys
 import unittest
 from pathlib import Path
@@ -22,7 +23,9 @@ def wait_a_tip(case):
         return None
 
 
-class Corrections(ViewerCase):
+class CorrectingCase(ViewerCase):
+    """A viewer with a small document, and a user who corrects it."""
+
     def setUp(self):
         self.file = Path("document.txt")
         self.file.write_bytes(CONTENT)
@@ -66,6 +69,23 @@ class Corrections(ViewerCase):
         self.press("ctrl+s")
         self.until("nothing pending", lambda shown: shown["pending"] == 0)
 
+    def answer(self, key):
+        """Answers the question that is open, or will be, and waits until it is gone."""
+        def boxes():
+            return [window for window in tool("xdotool", "search", "--onlyvisible", "--class",
+                                              "quorvale").decode().split()
+                    if window != self.window]
+        box = wait_for("a question", boxes)[0]
+        def active():
+            tool("xdotool", "windowactivate", box)
+            return tool("xdotool", "getactivewindow").strip().decode() == box
+        wait_for("the question to have the keys", active)
+        tool("xdotool", "key", key)
+        # Another one may come right after it.
+        wait_for("the question to close", lambda: box not in boxes())
+
+
+class Corrections(CorrectingCase):
     def test_a_correction_waits_for_its_commit_over_the_night(self):
         before = hashlib.sha256(self.file.read_bytes()).hexdigest()
         self.correct(2, "corrected")
@@ -156,21 +176,6 @@ class Corrections(ViewerCase):
         wait_for("the question to close", cancelled)
         self.assertEqual(self.shown()["pending"], 2)
 
-    def answer(self, key):
-        """Answers the question that is open, or will be, and waits until it is gone."""
-        def boxes():
-            return [window for window in tool("xdotool", "search", "--onlyvisible", "--class",
-                                              "quorvale").decode().split()
-                    if window != self.window]
-        box = wait_for("a question", boxes)[0]
-        def active():
-            tool("xdotool", "windowactivate", box)
-            return tool("xdotool", "getactivewindow").strip().decode() == box
-        wait_for("the question to have the keys", active)
-        tool("xdotool", "key", key)
-        # Another one may come right after it.
-        wait_for("the question to close", lambda: box not in boxes())
-
     def test_a_changed_file_can_be_loaded_again_with_the_corrections(self):
         self.correct(2, "corrected")
         changed = CONTENT.replace(b"third", b"3rd")
@@ -212,6 +217,65 @@ class Corrections(ViewerCase):
         wait_for("the question to close", cancelled)
         self.assertTrue(self.file.read_bytes().endswith(b"somebody else wrote"))
         self.assertEqual(self.shown()["pending"], 1)
+
+
+class Endings(CorrectingCase):
+    """However the viewer ends, what was corrected is there when it comes back."""
+
+    def in_the_journal(self, text):
+        def saved():
+            return self.journal.exists() and text in self.journal.read_text(encoding="utf-8")
+        wait_for("the journal", saved)
+
+    def test_what_was_recorded_outlives_a_kill(self):
+        self.correct(2, "corrected")
+        self.in_the_journal("corrected")
+        self.viewer.send_signal(signal.SIGKILL)
+        self.viewer.wait(timeout=30)
+        self.show()
+        self.until("the correction", lambda shown: shown["pending"] == 1 and
+                   self.row_of(2)["corrected"])
+
+    def test_a_signal_saves_what_is_being_typed_and_ends_the_viewer(self):
+        for ending in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
+            self.open_editor(3)
+            self.press("ctrl+a")
+            tool("xdotool", "type", "--clearmodifiers", ending.name)
+            self.until("the typed text", lambda shown: shown["editor"] == ending.name)
+            self.viewer.send_signal(ending)
+            self.assertEqual(self.viewer.wait(timeout=30), 0)
+            self.in_the_journal(ending.name)
+            self.show()
+            self.until("the correction", lambda shown: shown["pending"] == 1)
+
+    def test_a_signal_ends_the_viewer_while_it_asks(self):
+        self.correct(2, "corrected")
+        self.file.write_bytes(CONTENT + b" of somebody else")
+        self.press("ctrl+s")
+        wait_for("the question", lambda: len(tool(
+            "xdotool", "search", "--onlyvisible", "--class", "quorvale").decode().split()) == 2)
+        self.viewer.send_signal(signal.SIGTERM)
+        self.assertEqual(self.viewer.wait(timeout=30), 0)
+        self.in_the_journal("corrected")
+        self.assertTrue(self.file.read_bytes().endswith(b"somebody else"))
+
+    def test_undo_in_an_open_editor_takes_back_typing_only(self):
+        self.correct(3, "corrected")
+        self.open_editor(3)
+        tool("xdotool", "type", "x")
+        self.until("the typed text", lambda shown: shown["editor"] == "xcorrected")
+        self.press("alt+e")
+        self.press("u")
+        shown = self.until("the text before", lambda shown: shown["editor"] == "corrected")
+        self.assertEqual(shown["pending"], 1)
+
+    def test_a_deleted_file_is_told_as_such_and_can_be_written_anew(self):
+        self.correct(2, "corrected")
+        self.file.unlink()
+        self.press("ctrl+s")
+        self.answer("alt+a")
+        self.until("nothing pending", lambda shown: shown["pending"] == 0)
+        self.assertEqual(self.file.read_bytes(), CONTENT.replace(b"second line", b"corrected"))
 
 
 if __name__ == "__main__":

@@ -33,12 +33,24 @@ class ViewerCase(unittest.TestCase):
     def open(self, *arguments, title, **variables):
         environment = {name: value for name, value in os.environ.items()
                        if name != "QT_QPA_PLATFORM"} | variables
+        # What one test's viewer keeps is not the next one's.
+        config = Path(f"config of {self.id()}").resolve()
+        (config / "quorvale").mkdir(parents=True, exist_ok=True)
+        self.settings = config / "quorvale/viewer.ini"
+        environment["XDG_CONFIG_HOME"] = str(config)
         self.dump = Path("elements.json")
         self.dump.unlink(missing_ok=True)
         self.viewer = subprocess.Popen(
             [VIEWER, "--dump-elements", str(self.dump), *arguments], env=environment)
         self.addCleanup(self.stop)
         self.window = wait_for("the window", lambda: self.windows(title))[0]
+
+    def prepare(self, appearance="system", language="system"):
+        """What the viewer, not started yet, will find as its user's choice."""
+        folder = Path(f"config of {self.id()}/quorvale")
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / "viewer.ini").write_text(
+            f"[General]\nappearance={appearance}\nlanguage={language}\n", encoding="utf-8")
 
     def stop(self):
         self.viewer.kill()
@@ -75,6 +87,7 @@ class ViewerCase(unittest.TestCase):
         except AssertionError as error:
             shown = self.shown()
             shown["rows"] = shown.get("rows", [])[:3]
+            shown.pop("parts", None)
             raise AssertionError(f"{error}; shown is {shown}") from None
 
     def row_of(self, line):

@@ -110,6 +110,9 @@ class KeysAndMouse(ViewerCase):
         self.until("the list", lambda shown: shown.get("results", 0) == 13)
         # The first of them is where the typing went to, and is selected.
         self.press("F4")
+        self.until("the first", lambda shown: (shown["row"], shown["column"]) == (99, 12)
+                   and "results" not in shown)
+        self.press("F4")
         self.until("the second", lambda shown: shown["row"] == 990)
         self.press("shift+F4")
         self.until("the first", lambda shown: shown["row"] == 99)
@@ -135,9 +138,9 @@ class KeysAndMouse(ViewerCase):
 
     def test_tab_leaves_the_text_and_shift_tab_comes_back(self):
         self.press("Tab")
-        self.until("the focus elsewhere", lambda shown: shown["focus"] != "text")
+        self.until("the keys elsewhere", lambda shown: shown["keysAt"] != "rows")
         self.press("shift+Tab")
-        self.until("the focus in the text", lambda shown: shown["focus"] == "text")
+        self.until("the keys in the text", lambda shown: shown["keysAt"] == "rows")
 
 
 class Folds(ViewerCase):

@@ -55,6 +55,15 @@ class Run(ScriptTest):
         self.assertEqual(ran.stderr, "install run\nbuild release quorvale-viewer\n")
         return [line for line in ran.stdout.splitlines() if line.startswith("<")]
 
+    def test_the_plugin_is_checked_where_it_was_built(self):
+        # Symptom: nothing had built it, and the welcome file was taken for it.
+        self.script(self.top / "build/release/bin/quorvale-viewer",
+                    'echo "$QT_PLUGIN_PATH $*"')
+        ran = self.run_script("run", "--designer-check", QT_PLUGIN_PATH="/more")
+        self.assertEqual(ran.stderr, "install designer\n"
+                                     "build release quorvale-viewer quorvalebox-designer\n")
+        self.assertEqual(ran.stdout, f"{self.top}/build/release/plugins:/more --designer-check\n")
+
     def test_without_a_file_the_welcome_file_opens(self):
         self.assertEqual(self.viewer_arguments(DISPLAY=":1"), [self.welcome])
 
