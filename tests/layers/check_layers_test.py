@@ -96,7 +96,7 @@ class CheckLayers(unittest.TestCase):
         for include in ("<QString>", "<QtWidgets/QWidget>", "<QtCore>", "<qstring.h>"):
             with self.subTest(include=include):
                 self.write("view/layout.cpp", f"#include {include}\n")
-                self.assert_finds("Qt stays in qt/ and viewer/")
+                self.assert_finds("Qt stays in designer/ and qt/ and viewer/")
 
     def test_qt_in_the_qt_layer(self):
         self.write("qt/CMakeLists.txt", "quorvale_folder(qt SOURCES widget.cpp USES view)\n")
