@@ -17,11 +17,11 @@ void RowMenu::setControl(QuorvaleBoxWidget& control) {
 }
 
 bool RowMenu::eventFilter(QObject*, QEvent* event) {
-    if (control_ == nullptr) return false;
-    if (event->type() == QEvent::ContextMenu) {
-        return openFor(static_cast<const QContextMenuEvent&>(*event));
-    }
-    return event->type() == QEvent::KeyPress && openFor(static_cast<const QKeyEvent&>(*event));
+    // The rows tell of their own end too, when the control around them is half gone.
+    const bool asksForMenu = event->type() == QEvent::ContextMenu;
+    if ((!asksForMenu && event->type() != QEvent::KeyPress) || control_ == nullptr) return false;
+    return asksForMenu ? openFor(static_cast<const QContextMenuEvent&>(*event))
+                       : openFor(static_cast<const QKeyEvent&>(*event));
 }
 
 // Keyboards without a menu key have this instead.
