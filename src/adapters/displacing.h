@@ -21,8 +21,8 @@ void CopyAside(const Folder& folder, const PosixFile& source, const std::string&
 std::string SaveAside(const Folder& folder, std::string_view bytes, FileNotice::Kind what,
                       const std::string& about);
 
-/// Whether these bytes lie aside in the folder already: one copy is enough, however often it is tried
-/// to do what it was made for. The host is told of it as of a new one.
+/// Whether these bytes lie aside in the folder already: one copy is enough, however often it is
+/// tried to do what it was made for. The host is told of it as of a new one.
 bool LiesAside(const Folder& folder, const FileDigest& digest, FileNotice::Kind what,
                const std::string& about);
 
