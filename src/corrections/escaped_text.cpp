@@ -28,7 +28,7 @@ std::optional<unsigned> HexDigit(char16_t unit) {
     return std::nullopt;
 }
 
-/// The unit that the six units `\uXXXX` at the front stand for.
+/// The unit that the six units at the front, `\u` and four hexadecimal digits, stand for.
 std::optional<char16_t> EscapedUnit(std::u16string_view text) {
     if (text.size() < 6 || text[1] != u'u') return std::nullopt;
     unsigned number = 0;

@@ -9,7 +9,8 @@ namespace quorvale {
 /// surrogates, U+FFFE and U+FFFF.
 bool NeedsEscaping(std::u16string_view text);
 
-/// The text with `\uXXXX` for every unit that XML cannot carry and `\\` for every backslash.
+/// The text with `\u` and four hexadecimal digits for every unit that XML cannot carry and `\\` for
+/// every backslash.
 std::u16string Escaped(std::u16string_view text);
 
 /// The text that was escaped. A backslash that begins neither form stands for itself.

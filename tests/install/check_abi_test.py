@@ -23,9 +23,13 @@ class CheckAbi(unittest.TestCase):
         self.assertEqual(check_abi.exported(NM), {
             "quorvale::QuorvaleBox::TopLine(int)",
             "quorvale::QuorvaleBox::QuorvaleBox()",
-            "vtable for quorvale::PosixFiles",
             "non-virtual thunk to quorvale::ControlWidget::~ControlWidget()",
         })
+
+    def test_the_tables_of_a_class_count_neither_strong_nor_weak(self):
+        tables = "\n".join(f"00000000000f3d28 {kind} {table} for quorvale::PosixFiles"
+                           for kind in "DVR" for table in ("vtable", "VTT", "typeinfo", "typeinfo name"))
+        self.assertEqual(check_abi.exported(tables), set())
 
     def test_what_went_and_what_came_is_said(self):
         self.assertEqual(check_abi.compare({"a", "b"}, {"b", "c"}), ["- a", "+ c"])

@@ -180,9 +180,9 @@ class InstalledTree(unittest.TestCase):
         script.write_text(f"""
             foreach(wanted 0.0.9 0.1 0.1.0 0.2 1.0)
                 set(CMAKE_SIZEOF_VOID_P 8)
-                string(REPLACE "." ";" parts ${{wanted}})
-                list(GET parts 0 PACKAGE_FIND_VERSION_MAJOR)
-                list(GET parts 1 PACKAGE_FIND_VERSION_MINOR)
+                string(REPLACE "." ";" numbers ${{wanted}})
+                list(GET numbers 0 PACKAGE_FIND_VERSION_MAJOR)
+                list(GET numbers 1 PACKAGE_FIND_VERSION_MINOR)
                 set(PACKAGE_FIND_VERSION ${{wanted}})
                 unset(PACKAGE_VERSION_COMPATIBLE)
                 include({file})
