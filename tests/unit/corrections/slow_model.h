@@ -62,16 +62,20 @@ public:
         return text;
     }
 
-    /// What a commit writes that keeps it.
+    /// What a commit writes that keeps the line format. A byte order mark stays at the front,
+    /// whatever becomes of the first line; who shows it and gives it back means the same one.
     std::u16string KeptText() const {
+        constexpr char16_t mark = 0xFEFF;
         const std::u16string usual = ends_.size() > 1 ? ends_.front() : u"\n";
-        std::u16string text;
-        const char16_t* before = nullptr;
+        const bool marked = !document_.empty() && document_.front().starts_with(mark);
+        std::u16string text(marked ? 1 : 0, mark);
+        bool first = true;
         std::u16string end;
         for (const Item& item : WholeItems()) {
-            if (before != nullptr) text += end.empty() ? usual : end;
-            before = u"";
-            text += item.Text;
+            if (!first) text += end.empty() ? usual : end;
+            const bool again = first && marked && item.Number.value_or(1) == 1;
+            text += item.Text.substr(again && item.Text.starts_with(mark) ? 1 : 0);
+            first = false;
             end = item.End;
         }
         return text;
