@@ -7,6 +7,7 @@ import re
 import shlex
 import shutil
 import subprocess
+import sys
 import unittest
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
@@ -19,6 +20,8 @@ COMPILER = shlex.split(os.environ.get("QUORVALE_COMPILER", "c++"))
 FLAGS = shlex.split(os.environ.get("QUORVALE_FLAGS", ""))
 WITH_QT = os.environ.get("QUORVALE_QT", "ON") == "ON"
 STATIC = os.environ.get("QUORVALE_STATIC", "OFF") == "ON"
+# Sizes are those of a 64-bit machine, and only this compiler tells them.
+TELLS_LAYOUTS = os.environ.get("QUORVALE_COMPILER_ID", "GNU") == "GNU" and sys.maxsize > 2 ** 32
 SCRATCH = BUILD / "install-test"
 TREE = SCRATCH / "tree"
 CONSUMER = HERE / "consumer"
@@ -190,6 +193,11 @@ class InstalledTree(unittest.TestCase):
             endforeach()""", encoding="utf-8")
         self.assertEqual(run(CMAKE, "-P", script).split("\n")[:5],
                          ["0.0.9 FALSE", "0.1 TRUE", "0.1.0 TRUE", "0.2 FALSE", "1.0 FALSE"])
+
+    @unittest.skipUnless(WITH_QT and TELLS_LAYOUTS, "the list is of all headers, told by g++")
+    def test_classes_lie_in_memory_as_listed(self):
+        run(sys.executable, "-B", HERE / "check_layouts.py", SOURCE / "abi/layouts", COMPILER[-1],
+            *include_flags("quorvalebox-headless"), *include_flags("quorvalebox-widget"), *FLAGS)
 
     def test_every_public_header_stands_alone(self):
         self.assertGreater(len(self.headers), 40)
