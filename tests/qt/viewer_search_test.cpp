@@ -10,13 +10,11 @@
 #include <QTest>
 
 #include <fcntl.h>
-#include <linux/capability.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include "qt/conversions.h"
+#include "support/without_privileges.h"
 #include "viewer/file_search.h"
 #include "viewer/file_walk.h"
 #include "viewer/in_files_dialog.h"
@@ -63,20 +61,6 @@ FoundFiles walked(const WantedFiles& wanted) {
     while (walk.goOn(1000)) {
     }
     return walk.found();
-}
-
-/// Asks in a child process to which permissions apply even if it is root's.
-template <class Question>
-bool withoutPrivileges(Question question) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
-        __user_cap_data_struct none[_LINUX_CAPABILITY_U32S_3] = {};
-        const bool dropped = ::syscall(SYS_capset, &header, none) == 0;
-        ::_exit(dropped && question() ? 0 : 1);
-    }
-    int status = -1;
-    return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 QStringList listed(ViewerWindow& window) {
@@ -205,7 +189,7 @@ void ViewerSearchTest::whatMayNotBeReadIsLeftOutAndCounted() {
     QVERIFY(QFile::setPermissions(put("secret.txt"), QFileDevice::Permissions()));
     put("closed/inside.txt");
     QVERIFY(QFile::setPermissions(root_ + "/closed", QFileDevice::Permissions()));
-    const bool told = withoutPrivileges([&] {
+    const bool told = WithoutPrivileges([&] {
         const FoundFiles found = walk();
         return relative(found) == QStringList{"open.txt"} && found.LeftOut() == 2 &&
                found.Unreadable == QStringList{root_ + "/secret.txt", root_ + "/closed"} &&

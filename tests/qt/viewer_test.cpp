@@ -11,14 +11,12 @@
 #include <QTest>
 #include <QUrl>
 
-#include <linux/capability.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include "adapters/document_lock.h"
 #include "qt/conversions.h"
+#include "support/without_privileges.h"
 #include "viewer/open_check.h"
 #include "viewer/viewer_window.h"
 
@@ -63,20 +61,6 @@ namespace {
 
 QString row(ViewerWindow& window, int slot) {
     return toQString(window.control().box().Elements().lblLine[slot].Caption());
-}
-
-/// Asks in a child process to which permissions apply even if it is root's.
-template <class Question>
-bool withoutPrivileges(Question question) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
-        __user_cap_data_struct none[_LINUX_CAPABILITY_U32S_3] = {};
-        const bool dropped = ::syscall(SYS_capset, &header, none) == 0;
-        ::_exit(dropped && question() ? 0 : 1);
-    }
-    int status = -1;
-    return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 /// An entry of the menus, by the beginning of its caption.
@@ -201,12 +185,12 @@ void ViewerTest::whatCannotBeOpenedIsRefusedAndTheShownFileStays() {
 void ViewerTest::aFileWithoutPermissionIsRefused() {
     const QString name = put("secret.txt", "secret");
     QVERIFY(QFile::setPermissions(name, QFileDevice::Permissions()));
-    QCOMPARE(withoutPrivileges([&] {
+    QCOMPARE(WithoutPrivileges([&] {
                  return whyNotOpenable(name).endsWith("You do not have permission to read it.");
              }),
              true);
     QVERIFY(QFile::setPermissions(name, QFileDevice::ReadOwner | QFileDevice::WriteOwner));
-    QCOMPARE(withoutPrivileges([&] { return whyNotOpenable(name).isEmpty(); }), true);
+    QCOMPARE(WithoutPrivileges([&] { return whyNotOpenable(name).isEmpty(); }), true);
 }
 
 void ViewerTest::refusingIsToldInAMessage() {

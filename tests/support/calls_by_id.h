@@ -29,13 +29,15 @@ public:
     std::size_t KindsCalled() const { return called_.size(); }
     int RefusalsSeen() const { return refusals_; }
 
+    /// A value that every member with such a parameter accepts.
+    static Variant SomeValue(ValueType type);
+
 private:
     using Arguments = std::vector<Variant>;
 
     static Variant Text(const char16_t* text) { return std::u16string(text); }
     static Variant Long(std::int32_t number) { return number; }
 
-    static Variant SomeValue(ValueType type);
     static std::vector<std::pair<Variant, ErrorKind>> BadValues(ValueType type);
     static std::vector<unsigned> Kinds() { return {1, 2, 4, 8}; }
 

@@ -11,6 +11,7 @@
 #include "box_by_id.h"
 #include "control/member_table.h"
 #include "control/quorvale_box.h"
+#include "support/calls_by_id.h"
 
 namespace quorvale {
 namespace {
@@ -18,33 +19,6 @@ namespace {
 using namespace member_kind;
 
 class Dispatch : public BoxById {};
-
-/// A value that every member with such a parameter accepts.
-Variant SomeValue(ValueType type) {
-    switch (type) {
-        case ValueType::Long:
-        case ValueType::ColourValue:
-            return Long(3);
-        case ValueType::Integer:
-            return std::int16_t{1};
-        case ValueType::Single:
-            return 300.0F;
-        case ValueType::Boolean:
-            return true;
-        case ValueType::String:
-        case ValueType::AnyValue:
-            return Text(u"x");
-        case ValueType::Font:
-            return Font{.Name = u"Other"};
-        case ValueType::Picture:
-            return PicturePtr(std::make_shared<Picture>("p", 240, 240));
-        case ValueType::Object:
-            return std::shared_ptr<Object>(std::make_shared<ImageList>());
-        case ValueType::None:
-            break;
-    }
-    return {};
-}
 
 bool IsOfType(const Variant& value, ValueType type) {
     switch (type) {
@@ -82,9 +56,9 @@ TEST_F(Dispatch, EveryMemberAnswersInEveryKindItHasWithTheTypeItHas) {
             const bool writes = kind == Let || kind == Set;
             Arguments arguments;
             for (const auto& parameter : member.Parameters) {
-                arguments.push_back(SomeValue(parameter.Type));
+                arguments.push_back(CallsById::SomeValue(parameter.Type));
             }
-            if (writes) arguments.push_back(SomeValue(member.Type));
+            if (writes) arguments.push_back(CallsById::SomeValue(member.Type));
             const Variant result = Invoke(*box_, member.Id, kind, arguments);
             EXPECT_TRUE(IsOfType(result, writes ? ValueType::None : member.Type));
             ++calls;
