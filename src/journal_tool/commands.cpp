@@ -183,8 +183,23 @@ ExitCode Commands::Drop(const std::u16string& name) {
     return DropLocked(name);
 }
 
+/// Corrections that are in the file already, or half in it, cannot be given up any more: bringing
+/// their commit to its end is what somebody who drops them did not ask for.
+ExitCode Commands::TellWhatCannotBeDropped(const std::u16string& name) {
+    auto interrupted = files_.FindInterruption(files_.AbsoluteName(name));
+    if (!interrupted) {
+        Tell(name, interrupted.Failure().Reason);
+        return ExitCode::Failed;
+    }
+    if (InForce(*interrupted)) return ExitCode::Done;
+    Tell(name, std::string(SentenceOn(*interrupted)) + "; 'apply' does that too");
+    return ExitCode::Interrupted;
+}
+
 // The file itself may be gone, and the journal may be in whatever state: it is not read.
 ExitCode Commands::DropLocked(const std::u16string& name) {
+    const ExitCode wrong = TellWhatCannotBeDropped(name);
+    if (wrong != ExitCode::Done) return wrong;
     if (!Recover(name)) return ExitCode::Failed;
     const std::u16string journal = JournalName(files_.AbsoluteName(name));
     auto found = files_.FindJournal(journal);

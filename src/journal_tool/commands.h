@@ -39,6 +39,7 @@ private:
     ExitCode DryRun(const Survey& survey);
     void WriteDiff(const Survey& survey, const std::string& bytes);
     ExitCode Drop(const std::u16string& name);
+    ExitCode TellWhatCannotBeDropped(const std::u16string& name);
     ExitCode DropLocked(const std::u16string& name);
 
     bool Recover(const std::u16string& name);

@@ -10,7 +10,7 @@ enum class ExitCode {
     DoesNotFit = 3,   ///< corrections do not fit the file, or the journal is none
     Failed = 4,       ///< something cannot be read or written
     InUse = 5,        ///< another program works on the file
-    Interrupted = 6,  ///< a commit was interrupted, and the next load will end it
+    Interrupted = 6,  ///< a commit was interrupted, and apply or the next load will end it
 };
 
 constexpr ExitCode Worse(ExitCode a, ExitCode b) { return a < b ? b : a; }

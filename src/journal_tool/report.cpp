@@ -16,29 +16,6 @@ std::string Count(std::size_t count, const char* thing) {
 
 std::string NameOfFile(const Survey& survey) { return Printable(survey.Name); }
 
-const char* SentenceOn(Interruption interrupted) {
-    switch (interrupted) {
-        case Interruption::NotBegun:
-            return "a commit was interrupted before it changed the file: the next load takes away "
-                   "what it left";
-        case Interruption::HalfWritten:
-            return "a commit was interrupted while it wrote the file: the next load writes the "
-                   "rest and removes the journal";
-        case Interruption::Finished:
-            return "a commit was interrupted when the file was written: the next load removes the "
-                   "journal";
-        case Interruption::Edited:
-            return "a commit was interrupted, and the file was changed since: the next load moves "
-                   "the journal aside";
-        case Interruption::DocumentGone:
-            return "a commit was interrupted, and the file was taken away since: everything stays "
-                   "as it is";
-        case Interruption::None:
-            break;
-    }
-    return "";
-}
-
 const char* WordFor(Interruption interrupted) {
     switch (interrupted) {
         case Interruption::NotBegun:
@@ -108,7 +85,7 @@ void WriteOne(const Survey& survey, const PendingCorrection& pending, const Sink
 void WriteHead(const Survey& survey, const Sink& put) {
     const std::string name = NameOfFile(survey) + ": ";
     if (survey.Interrupted != Interruption::None) put(name + SentenceOn(survey.Interrupted) + "\n");
-    if (!survey.InForce()) return;
+    if (!InForce(survey.Interrupted)) return;
     if (survey.Journal == JournalKind::NoJournal) {
         return put(name + "what lies at the journal's name is none: " + survey.JournalReason +
                    "\n");
@@ -163,6 +140,29 @@ void WriteJsonOne(const Survey& survey, const PendingCorrection& pending, const 
 
 }  // namespace
 
+const char* SentenceOn(Interruption interrupted) {
+    switch (interrupted) {
+        case Interruption::NotBegun:
+            return "a commit was interrupted before it changed the file: the next load takes away "
+                   "what it left";
+        case Interruption::HalfWritten:
+            return "a commit was interrupted while it wrote the file: the next load writes the "
+                   "rest and removes the journal";
+        case Interruption::Finished:
+            return "a commit was interrupted when the file was written: the next load removes the "
+                   "journal";
+        case Interruption::Edited:
+            return "a commit was interrupted, and the file was changed since: the next load moves "
+                   "the journal aside";
+        case Interruption::DocumentGone:
+            return "a commit was interrupted, and the file was taken away since: everything stays "
+                   "as it is";
+        case Interruption::None:
+            break;
+    }
+    return "";
+}
+
 ExitCode Judgement(const Survey& survey) {
     if (survey.Interrupted != Interruption::None) return ExitCode::Interrupted;
     if (survey.Unreadable || survey.Journal == JournalKind::Unreadable) return ExitCode::Failed;
@@ -172,13 +172,13 @@ ExitCode Judgement(const Survey& survey) {
 
 void WriteList(const Survey& survey, const Sink& put) {
     WriteHead(survey, put);
-    if (!survey.InForce()) return;
+    if (!InForce(survey.Interrupted)) return;
     for (const PendingCorrection& pending : survey.Pending) WriteOne(survey, pending, put);
 }
 
 void WriteCheck(const Survey& survey, const Sink& put) {
     WriteHead(survey, put);
-    if (survey.InForce()) WriteProblems(survey, "", put);
+    if (InForce(survey.Interrupted)) WriteProblems(survey, "", put);
 }
 
 void WriteProblems(const Survey& survey, const std::string& prefix, const Sink& put) {
@@ -196,7 +196,7 @@ void WriteJson(const Survey& survey, const Sink& put) {
     put(",\"reason\":" + JsonText(survey.JournalReason));
     put(std::string(",\"interrupted\":\"") + WordFor(survey.Interrupted) + "\"");
     put(",\"corrections\":[");
-    if (survey.InForce()) {
+    if (InForce(survey.Interrupted)) {
         bool first = true;
         for (const PendingCorrection& pending : survey.Pending) {
             if (!first) put(",");

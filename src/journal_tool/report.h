@@ -15,6 +15,9 @@ void WriteList(const Survey& survey, const Sink& put);
 /// In one line whether all is well, then a line for each correction that does not fit.
 void WriteCheck(const Survey& survey, const Sink& put);
 
+/// What an interrupted commit has left, and what the next load does about it; empty for `None`.
+const char* SentenceOn(Interruption interrupted);
+
 /// One JSON object in one line, in ASCII: what `WriteList` and `WriteCheck` say, for programs.
 void WriteJson(const Survey& survey, const Sink& put);
 

@@ -109,9 +109,10 @@ bool Survey::AllFit() const {
                        [](const PendingCorrection& pending) { return pending.Fits(); });
 }
 
-bool Survey::InForce() const {
-    return Interrupted == Interruption::None || Interrupted == Interruption::NotBegun ||
-           Interrupted == Interruption::DocumentGone;
+
+bool InForce(Interruption interrupted) {
+    return interrupted == Interruption::None || interrupted == Interruption::NotBegun ||
+           interrupted == Interruption::DocumentGone;
 }
 
 Survey LookAt(PosixFiles& files, XmlService& xml, const std::u16string& name, Encoding encoding) {

@@ -20,6 +20,9 @@ enum class JournalKind {
     Unreadable,  ///< it may be good
 };
 
+/// The corrections of the journal are still to come, whatever became of an interrupted commit.
+bool InForce(Interruption interrupted);
+
 /// A file and the journal beside it as they lie on the disk.
 struct Survey {
     /// As it was asked for, and the names that do not depend on the current directory.
@@ -42,8 +45,6 @@ struct Survey {
     bool IsUtf16 = false;
 
     bool AllFit() const;
-    /// The corrections are in force, whatever became of an interrupted commit.
-    bool InForce() const;
 };
 
 /// Looks at a file and its journal; nothing on the disk is changed.

@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "adapters/document_lock.h"
 #include "adapters/posix_files.h"
@@ -67,7 +68,11 @@ int Interrupt(int at, const std::string& file) {
     // Writing stops in the middle too.
     calls.Short = true;
     PosixFiles files(calls, DefaultStateFolder());
-    const Replacement replacement{path, path + u"!.xml", DigestOf(bytes), capitals};
+    // As a program does that has read the journal: it is its own.
+    const std::string journal = ReadAll(sound, path + u"!.xml");
+    std::vector<FileDigest> known;
+    if (!journal.empty()) known.push_back(DigestOf(journal));
+    const Replacement replacement{path, path + u"!.xml", DigestOf(bytes), capitals, known};
     auto replaced = files.ReplaceDocument(replacement);
     if (replaced) replaced = files.RemoveSpentJournal(replacement);
     return replaced ? 0 : 1;
