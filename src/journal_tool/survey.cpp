@@ -109,7 +109,6 @@ bool Survey::AllFit() const {
                        [](const PendingCorrection& pending) { return pending.Fits(); });
 }
 
-
 bool InForce(Interruption interrupted) {
     return interrupted == Interruption::None || interrupted == Interruption::NotBegun ||
            interrupted == Interruption::DocumentGone;
