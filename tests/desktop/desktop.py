@@ -111,6 +111,20 @@ class ViewerCase(unittest.TestCase):
         for key in keys:
             tool("xdotool", "key", "--clearmodifiers", key)
 
+    def press_until(self, key, what, condition):
+        """A menu or a dialog takes the keys once it is open, which nobody tells: a key that was not
+        heard is pressed again, but not while the answer to it may still come."""
+        again = 0
+        def met():
+            nonlocal again
+            if condition(self.shown()):
+                return True
+            if time.monotonic() >= again:
+                self.press(key)
+                again = time.monotonic() + 1
+            return False
+        wait_for(what, met)
+
     def click(self, button="1", modifier=None):
         if modifier:
             tool("xdotool", "keydown", modifier, "click", button, "keyup", modifier)

@@ -33,15 +33,6 @@ class KeyboardOnly(ViewerCase):
     def type(self, text):
         tool("xdotool", "type", text)
 
-    def press_until(self, key, what, condition):
-        """A menu or a dialog takes the keys once it is open: presses until something happened."""
-        def met():
-            if condition(self.shown()):
-                return True
-            self.press(key)
-            return condition(self.shown())
-        wait_for(what, met)
-
     def popup(self, keys):
         """Opens what these keys open over the window."""
         self.press(*keys)
@@ -262,9 +253,10 @@ class KeyboardOnly(ViewerCase):
         self.go_to_line(3)
         self.popup(["alt+v"])
         self.press("g", "Down", "Down", "Return")
-        shown = self.until("Japanese", lambda shown: "7 行" in shown["status"])
-        self.assertEqual(self.part("Grid")["tip"], "境界の表示")
-        self.until("the same place", lambda shown: shown["row"] == 3 and shown["pending"] == 1)
+        self.until("Japanese", lambda shown: "7 行" in shown["status"]
+                   and self.part("Grid")["tip"] == "境界の表示")
+        shown = self.until("the same place",
+                           lambda shown: shown["row"] == 3 and shown["pending"] == 1)
         self.assertIn("コミットしていない修正 1 件", shown["status"])
         # The keys of the menus stay where they were.
         self.pick(["alt+v"], "t")

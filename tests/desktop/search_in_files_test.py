@@ -188,8 +188,7 @@ class InFiles(Searching):
         self.find_in_files()
         self.until("the message", lambda shown: "names of 2 files" in shown["dialog"]["text"])
         self.picture("message")
-        self.press("Return")
-        self.until("no message", lambda shown: not shown["dialog"])
+        self.press_until("Return", "no message", lambda shown: not shown["dialog"])
         shown = self.listed(7)
         self.assertEqual(shown["message"], "3 files searched, 2 left out")
 
@@ -212,8 +211,7 @@ class InFiles(Searching):
         self.press("Return")
         self.until("the message", lambda shown: "no such file" in shown["dialog"]["text"])
         self.picture("message")
-        self.press("Return")
-        self.until("no message", lambda shown: not shown["dialog"])
+        self.press_until("Return", "no message", lambda shown: not shown["dialog"])
         self.wait_for_places(first_txt=(1, 1))
 
 
