@@ -10,13 +10,14 @@
 namespace quorvale {
 
 FileScan::FileScan(FileSystem& files, Encoding encoding, const LineQuery& query, ResultStore& store,
-                   SearchKernel kernel, std::size_t capacity)
+                   SearchKernel kernel, std::size_t capacity, std::size_t longestLine)
     : files_(files),
       encoding_(encoding),
       query_(query),
       store_(store),
       kernel_(kernel),
-      firstCapacity_(capacity) {
+      firstCapacity_(capacity),
+      longestLine_(longestLine) {
     const auto literals = query.Literals();
     asksForBlanks_ = std::any_of(literals.begin(), literals.end(), [](const std::u16string& run) {
         return run.find(u' ') != run.npos;
@@ -48,7 +49,7 @@ FileScan::End FileScan::SearchStream(ReadStream& stream, const GoOn& goOn) {
     line_ = Line{1};
     const std::uint64_t size = stream.Size();
     for (std::uint64_t done = 0; done < size;) {
-        MakeRoom();
+        if (!MakeRoom()) return End::Done;
         const std::size_t room = std::min(capacity_ - kept_, firstCapacity_);
         const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(room, size - done));
         auto got = stream.Read(reinterpret_cast<std::byte*>(buffer_.get() + kept_), wanted);
@@ -68,14 +69,16 @@ FileScan::End FileScan::SearchStream(ReadStream& stream, const GoOn& goOn) {
     return End::Done;
 }
 
-/// A line that does not fit gets a larger buffer.
-void FileScan::MakeRoom() {
-    if (kept_ < capacity_) return;
-    const std::size_t capacity = capacity_ == 0 ? firstCapacity_ : 2 * capacity_;
+/// A line that does not fit gets a larger buffer. False when it is too long for any.
+bool FileScan::MakeRoom() {
+    if (kept_ < capacity_) return true;
+    if (capacity_ >= longestLine_) return false;
+    const std::size_t capacity = std::min(std::max(firstCapacity_, 2 * capacity_), longestLine_);
     auto larger = std::make_unique_for_overwrite<std::uint8_t[]>(capacity);
     std::copy_n(buffer_.get(), kept_, larger.get());
     buffer_ = std::move(larger);
     capacity_ = capacity;
+    return true;
 }
 
 /// How much of what the buffer holds ends with a line. What was kept holds no line feed.

@@ -23,10 +23,15 @@ class FileScan {
 public:
     /// Small enough for what was read to be in the processor's cache when it is searched.
     static constexpr std::size_t UsualCapacity = std::size_t{1} << 18;
+    /// No document holds more bytes, and so no line: what is longer is the image of a disk or the
+    /// like, and must not take all memory.
+    static constexpr std::size_t LongestLine = (std::size_t{1} << 31) - 4;
 
-    /// All of them must outlive this object. A line longer than the buffer gets a larger one.
+    /// All of them must outlive this object. A line longer than the buffer gets a larger one; one
+    /// longer than `longestLine` ends the search of its file.
     FileScan(FileSystem& files, Encoding encoding, const LineQuery& query, ResultStore& store,
-             SearchKernel kernel = BestSearchKernel(), std::size_t capacity = UsualCapacity);
+             SearchKernel kernel = BestSearchKernel(), std::size_t capacity = UsualCapacity,
+             std::size_t longestLine = LongestLine);
 
     /// Told how many bytes of the file are done, and how many it has; false ends the search.
     using GoOn = std::function<bool(std::uint64_t done, std::uint64_t size)>;
@@ -34,15 +39,14 @@ public:
     /// Puts the matching lines of the file into the store. A file that cannot be opened has none,
     /// one that cannot be read to its end those in front of the failure. False when `goOn` ended
     /// it: what was found stays.
-    /// Overflow for a line or a number of lines beyond 32 bits; InvalidValue for an invalid
-    /// pattern.
+    /// Overflow for a number of lines beyond 32 bits; InvalidValue for an invalid pattern.
     bool Search(const std::u16string& name, const GoOn& goOn);
 
 private:
     enum class End { Done, NotUtf8, Stopped };
 
     End SearchStream(ReadStream& stream, const GoOn& goOn);
-    void MakeRoom();
+    bool MakeRoom();
     std::size_t WholeLines(std::size_t filled) const;
     void TakeForSingleBytes();
     bool Judge(std::span<const std::uint8_t> lines);
@@ -66,6 +70,7 @@ private:
     std::size_t capacity_ = 0;
     /// No piece is larger, whatever the line.
     std::size_t firstCapacity_;
+    std::size_t longestLine_;
     /// The beginning of a line whose end is not read yet.
     std::size_t kept_ = 0;
 

@@ -63,6 +63,11 @@ QString leftOutInWords(const FoundFiles& files) {
                          FileSearch::tr("The names of %1 files are not in UTF-8 or hold a line "
                                         "break: they were left out."));
     }
+    if (files.TooLarge > 0) {
+        parts << counted(files.TooLarge,
+                         FileSearch::tr("One file is larger than 2 GiB: it was left out."),
+                         FileSearch::tr("%1 files are larger than 2 GiB: they were left out."));
+    }
     return parts.join("\n\n");
 }
 

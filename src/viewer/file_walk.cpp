@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <system_error>
 
+#include "viewer/open_check.h"
+
 namespace quorvale {
 
 namespace {
@@ -122,11 +124,13 @@ void FileWalk::list(const Path& file) {
         return;
     }
     const QString name = QString::fromStdString(file.native());
-    if (QFileInfo(name).isReadable()) {
-        found_.Names << name;
-    } else {
-        noteUnreadable(file);
+    const QFileInfo info(name);
+    if (!info.isReadable()) return noteUnreadable(file);
+    if (info.size() > mostDocumentBytes) {
+        ++found_.TooLarge;
+        return;
     }
+    found_.Names << name;
 }
 
 void FileWalk::noteUnreadable(const Path& path) {

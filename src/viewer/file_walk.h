@@ -28,8 +28,10 @@ struct FoundFiles {
     int UnreadableCount = 0;
     /// Files whose names a list of names cannot hold: with a line break, or not in UTF-8.
     int Unnameable = 0;
+    /// Files of more than 2 GiB, which could not be opened: images of disks and the like.
+    int TooLarge = 0;
 
-    int LeftOut() const { return UnreadableCount + Unnameable; }
+    int LeftOut() const { return UnreadableCount + Unnameable + TooLarge; }
 };
 
 /// Why this folder cannot be walked, as a sentence for the user; empty when it can.

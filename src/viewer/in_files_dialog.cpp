@@ -32,6 +32,7 @@ QString expanded(const QString& folder) {
 
 QString inWords(const FoundFiles& found) {
     if (found.LeftOut() == 0) return InFilesDialog::tr("No file in this folder has such a name.");
+    if (found.TooLarge > 0) return InFilesDialog::tr("What was found is larger than 2 GiB.");
     if (found.UnreadableCount == 0) {
         return InFilesDialog::tr(
             "The names of the files found cannot be searched: they are not in "

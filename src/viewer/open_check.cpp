@@ -10,16 +10,13 @@ namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("OpenCheck", text); }
 
-/// The control appends a line break, and the place behind it has to fit into 31 bits.
-constexpr qint64 mostBytes = (qint64{1} << 31) - 4;
-
 QString reasonOf(const QFileInfo& file) {
     // A dangling link is there, but what it names is not.
     if (!file.exists()) return tr("There is no such file.");
     if (file.isDir()) return tr("It is a directory.");
     if (!file.isFile()) return tr("It is a device or a pipe, not a file.");
     if (!file.isReadable()) return tr("You do not have permission to read it.");
-    if (file.size() > mostBytes) return tr("It is larger than 2 GiB.");
+    if (file.size() > mostDocumentBytes) return tr("It is larger than 2 GiB.");
     return {};
 }
 

@@ -203,6 +203,31 @@ class InFiles(Searching):
                          ("marker f", "third.*", str(self.folder), False))
         self.assertEqual(dialog["focus"], "text")
 
+    def test_a_search_of_many_files_shows_how_far_it_is_and_ends_with_escape(self):
+        folder = self.folder / "many"
+        folder.mkdir()
+        whole = folder / "00000.txt"
+        whole.write_bytes(b"marker\n" + b"nothing of interest in this line\n" * 30_000)
+        # The same megabyte over and over: the search is long on any machine, the disk stays empty.
+        for number in range(1, 20_000):
+            os.link(whole, folder / f"{number:05}.txt")
+        self.show()
+        self.find_in_files(folder=folder, names="*.txt")
+        shown = self.until("how far it is", lambda shown: shown["progress"]["visible"]
+                           and shown["progress"]["text"])
+        self.assertRegex(shown["progress"]["text"], r"\d{5}\.txt")
+        self.picture("progress")
+        # What is typed meanwhile reaches nobody.
+        self.press("Down", "Down", "x")
+        self.press("Escape")
+        shown = self.until("the end of it", lambda shown: not shown["progress"]["visible"]
+                           and shown["results"] > 2)
+        self.picture("stopped")
+        self.assertRegex(shown["message"], r"Stopped: [\d,.]+ of 20[,.]?000 files searched")
+        self.assertEqual((shown["row"], shown["focus"]), (1, "found"))
+        self.press("Down", "Return")
+        self.active("00001.txt")
+
     def test_a_file_that_is_gone_by_then_is_told(self):
         self.show()
         self.find_in_files(names="second.txt")

@@ -27,6 +27,7 @@ class InTheDocument(Searching):
         self.picture("wrapped")
         self.press("F3")
         self.at_row(120)
+        self.picture("found again")
         self.press("shift+F3")
         self.at_row(20)
         self.press("shift+F3")
@@ -96,8 +97,10 @@ class InTheDocument(Searching):
         self.press("Return")
         self.hidden()
         self.assertEqual(self.shown()["row"], 20)
+        self.picture("returned")
         self.pick_in_find_menu(RECENT)
         self.listed(4)
+        self.picture("list again")
         self.press("End")
         self.selected(3)
         self.press("Up", "Return")
@@ -111,6 +114,7 @@ class InTheDocument(Searching):
         self.listed(4)
         self.press("Home", "Escape")
         self.hidden()
+        self.picture("escaped")
         self.assertEqual(self.shown()["row"], 120)
 
     def test_a_pattern_and_no_match_at_all(self):

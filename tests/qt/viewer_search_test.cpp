@@ -19,6 +19,7 @@
 #include "viewer/file_walk.h"
 #include "viewer/in_files_dialog.h"
 #include "viewer/name_filter.h"
+#include "viewer/open_check.h"
 #include "viewer/viewer_window.h"
 
 using namespace quorvale;
@@ -37,6 +38,7 @@ private slots:
     void onlyRegularFilesAreFound();
     void whatMayNotBeReadIsLeftOutAndCounted();
     void namesThatNoListCanHoldAreCounted();
+    void whatIsTooLargeToOpenIsCounted();
     void aWalkGoesALittleAtATime();
     void aWalkIsStoppedWithEscapeAndTheDialogStays();
     void withoutATextThereIsNothingToFind();
@@ -218,6 +220,19 @@ void ViewerSearchTest::namesThatNoListCanHoldAreCounted() {
     QCOMPARE(relative(found), QStringList{"good\nname.txt"});
     QCOMPARE(found.Unnameable, 3);
     QCOMPARE(walk("*.log").LeftOut(), 0);
+}
+
+void ViewerSearchTest::whatIsTooLargeToOpenIsCounted() {
+    put("small.txt");
+    // Without a block on the disk.
+    QFile image(put("disk.img", ""));
+    QVERIFY(image.resize(mostDocumentBytes + 1));
+    QFile largest(put("largest.txt", ""));
+    QVERIFY(largest.resize(mostDocumentBytes));
+    const FoundFiles found = walk();
+    QCOMPARE(relative(found), (QStringList{"largest.txt", "small.txt"}));
+    QCOMPARE(found.TooLarge, 1);
+    QCOMPARE(found.LeftOut(), 1);
 }
 
 void ViewerSearchTest::aWalkGoesALittleAtATime() {

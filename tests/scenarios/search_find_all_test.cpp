@@ -283,7 +283,8 @@ TEST_F(FindAllScenario, EncodingsAreThoseOfDocuments) {
 }
 
 TEST_F(FindAllScenario, ManyStarsOverALongLineTakeNoTime) {
-    box_.Files().Put(u"/f", std::string(100'000, 'a'));
+    // With the last letter in front, or the line would be passed over for want of it.
+    box_.Files().Put(u"/f", "b" + std::string(100'000, 'a'));
     Named(u"/f");
     EXPECT_THAT(Lines(u"*a*a*a*a*a*a*b", find_menu::WildAll), ElementsAre());
 }

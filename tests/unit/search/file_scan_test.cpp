@@ -204,5 +204,21 @@ TEST(FileScan, OneScanSearchesManyFilesAfterOneAnother) {
     EXPECT_EQ(rig.Store[3].Source, u"/1");
 }
 
+TEST(FileScan, ALineThatNoDocumentCouldHoldEndsTheSearchOfItsFile) {
+    // Symptom: the image of a disk, which has no line feeds, took twice its size of memory.
+    FileScanRig rig;
+    const LineQuery query(u"abc", plain);
+    const auto search = [&](std::size_t length) {
+        rig.Files.Put(u"/f", "abc\n" + std::string(length - 3, '.') + "abc\nabc");
+        const std::size_t before = rig.Store.Count();
+        FileScan scan(rig.Files, Encoding::SingleByte, query, rig.Store, BestSearchKernel(), 16,
+                      100);
+        EXPECT_TRUE(scan.Search(u"/f", [](auto, auto) { return true; }));
+        return rig.Store.Count() - before;
+    };
+    EXPECT_EQ(search(95), 3U);
+    EXPECT_EQ(search(200), 1U) << "what was found in front of it stays";
+}
+
 }  // namespace
 }  // namespace quorvale
