@@ -32,6 +32,14 @@ QImage drawnIcon(const QtPicture& picture, QSize screenPixels) {
     return image;
 }
 
+/// The drawing in one colour: its own would be hard to see on the colour of a selection.
+QPixmap tinted(QPixmap drawing, const QColor& colour) {
+    QPainter painter(&drawing);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(drawing.rect(), colour);
+    return drawing;
+}
+
 /// Draws a picture wherever Qt wants an icon.
 class PictureEngine final : public QIconEngine {
 public:
@@ -42,6 +50,10 @@ public:
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
         const QPixmap plain = QPixmap::fromImage(drawnPicture(*picture_, size));
         if (mode == QIcon::Normal || mode == QIcon::Active) return plain;
+        const bool isDrawing = dynamic_cast<const SvgPicture*>(picture_.get()) != nullptr;
+        if (mode == QIcon::Selected && isDrawing) {
+            return tinted(plain, QApplication::palette().color(QPalette::HighlightedText));
+        }
         QStyleOption option;
         option.palette = QApplication::palette();
         return QApplication::style()->generatedIconPixmap(mode, plain, &option);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
 #include <QStyle>
@@ -180,8 +181,10 @@ void ToolStrip::placeEntries() {
 }
 
 // The boxes and buttons leave the key to us: it leads back to the text.
+// From a button the keys go back to the text. What Escape does in a box is the box's affair.
 void ToolStrip::keyPressEvent(QKeyEvent* event) {
-    if (event->key() != Qt::Key_Escape || parentWidget() == nullptr) {
+    const bool isTyping = qobject_cast<QLineEdit*>(focusWidget()) != nullptr;
+    if (event->key() != Qt::Key_Escape || isTyping || parentWidget() == nullptr) {
         return QWidget::keyPressEvent(event);
     }
     parentWidget()->setFocus(Qt::OtherFocusReason);

@@ -20,6 +20,7 @@ private slots:
     void escapeClosesTheList();
     void anotherSearchReplacesTheRows();
     void aMatchFarBehindInItsLineIsSeen();
+    void theArrowIsSeenOnTheColourOfTheSelection();
 
 private:
     void findAll(const QString& text);
@@ -97,6 +98,24 @@ void ResultsTest::anotherSearchReplacesTheRows() {
     QCOMPARE(list().model()->index(1, 2).data().toString(), QString("row 29"));
     findAll("nowhere");
     QCOMPARE(list().model()->rowCount(), 1);
+}
+
+// Its blue was all but the selection's own.
+void ResultsTest::theArrowIsSeenOnTheColourOfTheSelection() {
+    findAll("row 1");
+    const auto icon = list().model()->index(0, 0).data(Qt::DecorationRole).value<QIcon>();
+    const QImage arrow = icon.pixmap(QSize(32, 32), QIcon::Selected).toImage();
+    const QColor wanted = QApplication::palette().color(QPalette::HighlightedText);
+    int opaque = 0;
+    for (int y = 0; y < arrow.height(); ++y) {
+        for (int x = 0; x < arrow.width(); ++x) {
+            const QColor colour = arrow.pixelColor(x, y);
+            if (colour.alpha() < 255) continue;
+            QCOMPARE(colour.rgb(), wanted.rgb());
+            ++opaque;
+        }
+    }
+    QVERIFY(opaque > 20);
 }
 
 // The middle of a long line was left out, and the match with it.

@@ -26,6 +26,7 @@ private slots:
     void aContextMenuThatIsLeftPicksNothing();
     void largeFontsDoNotCutTheBoxes();
     void tabGoesFromLeftToRight();
+    void escapeLeadsToTheTextButNotFromTheLineBox();
 };
 
 namespace {
@@ -217,6 +218,20 @@ void ToolbarTest::tabGoesFromLeftToRight() {
     }
     QCOMPARE(order, (QStringList{"Find", "txtSearch", "Ln", "txtLn", "Collapsed", "Edit", "Grid",
                                  "Print"}));
+}
+
+void ToolbarTest::escapeLeadsToTheTextButNotFromTheLineBox() {
+    ShownBox shown;
+    auto* line = shown.live().tools().findChild<QLineEdit*>("txtLn");
+    auto* search = shown.live().tools().findChild<QLineEdit*>("txtSearch");
+    for (const auto& [from, leaves] : {std::pair<QWidget*, bool>(buttonOf(shown, "Grid"), true),
+                                       {search, true},
+                                       {line, false}}) {
+        from->setFocus();
+        QVERIFY(from->hasFocus());
+        QTest::keyClick(from, Qt::Key_Escape);
+        QCOMPARE(from->hasFocus(), !leaves);
+    }
 }
 
 QTEST_MAIN(ToolbarTest)
