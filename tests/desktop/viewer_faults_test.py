@@ -4,6 +4,7 @@ fails in turn: afterwards the file is the old or the new one, byte for byte, no 
 applied twice, and nothing stray is left.
 Usage: viewer_faults_test.py VIEWER SHIM, on a display with a window manager."""
 
+import errno
 import os
 import shutil
 import sys
@@ -17,7 +18,14 @@ OLD = b"first line\nsecond line\nthird line\n"
 NEW = b"first line\nA\nB\nthird line\n"
 JOURNAL = b'<corrections><update start="2" loc="1">A\nB\n</update></corrections>'
 # What goes wrong: the error number, and whether every later call fails too.
-FAULTS = {"no space, once": (28, False), "input/output errors from then on": (5, True)}
+FAULTS = {"no space, once": (errno.ENOSPC, False),
+          "input/output errors from then on": (errno.EIO, True)}
+# All of it takes minutes: QUORVALE_ALL_FAULTS asks for it.
+ALL_FAULTS = {f"{errno.errorcode[number]}{', and on' if on else ''}": (number, on)
+              for number in (errno.ENOSPC, errno.EIO, errno.EACCES, errno.EROFS, errno.EINTR)
+              for on in (False, True) if not (on and number == errno.EINTR)}
+if os.environ.get("QUORVALE_ALL_FAULTS"):
+    FAULTS = ALL_FAULTS
 SHIM = ""
 
 
