@@ -1,5 +1,5 @@
-// Folds from a parser: lines that are indented belong to the line above. Usage: folds FILE
-// [--close]
+// Folds from a parser: lines that are indented belong to the line above.
+// Usage: folds FILE [--close]
 #include <QApplication>
 #include <QTimer>
 #include <cstdio>
@@ -15,15 +15,13 @@ int main(int argc, char** argv) {
 
     control.setAutoRedraw(false);
     int head = 1;
-    int inside = 0;
+    int inside = 0;  // the first line that belongs to another one
     for (int line = 2; line <= control.lineCount() + 1; ++line) {
-        const bool indented = line <= control.lineCount() && control.lineText(line).startsWith(' ');
-        if (indented) {
+        if (line <= control.lineCount() && control.lineText(line).startsWith(' ')) {
             if (inside == 0) inside = line;
             continue;
         }
-        // The first line of a range stays visible.
-        if (line - 1 > head) control.collapseLines(head, line - 1);
+        if (line - 1 > head) control.collapseLines(head, line - 1);  // The head stays visible.
         head = line;
     }
     control.collapseAll();
@@ -31,9 +29,9 @@ int main(int argc, char** argv) {
 
     // So that a test can run this as well: a line that is folded away has no row.
     if (app.arguments().contains("--close")) {
-        bool works = inside > 0 && control.rowTop(inside) < 0;
+        const bool folded = inside > 0 && control.rowTop(inside) < 0;
         control.expandAll();
-        works = works && control.rowTop(inside) > 0;
+        const bool works = folded && control.rowTop(inside) > 0;
         std::printf("%s\n", works ? "folded and unfolded" : "there was nothing to fold");
         QTimer::singleShot(0, &app, [works] { QApplication::exit(works ? 0 : 1); });
     }
