@@ -22,9 +22,11 @@ public:
     DocumentLock& operator=(const DocumentLock&) = delete;
     ~DocumentLock();
 
+    /// Until this object ends.
     bool IsOurs() const { return held_ != nullptr; }
     /// Somebody else has it. Otherwise, when it is not ours, `WhyNot` says what stood in the way.
     bool IsTaken() const { return taken_; }
+    /// In words for a log; empty when the lock is ours or somebody else has it.
     const std::string& WhyNot() const { return whyNot_; }
 
 private:

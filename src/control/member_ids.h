@@ -6,15 +6,17 @@ namespace quorvale {
 
 /// How a member is called by id; callers add them up when more than one will do.
 namespace member_kind {
-inline constexpr unsigned Method = 1;
-inline constexpr unsigned Get = 2;
-inline constexpr unsigned Let = 4;
-inline constexpr unsigned Set = 8;  ///< a Let that takes an object reference
+inline constexpr unsigned Method = 1;  ///< a call
+inline constexpr unsigned Get = 2;     ///< a property is read
+inline constexpr unsigned Let = 4;     ///< a property is set
+inline constexpr unsigned Set = 8;     ///< a Let that takes an object reference
 }  // namespace member_kind
 
 /// The ids that hosts bind to; they never change. 0x6803.... are properties, 0x6003.... methods,
 /// 0x4003.... the public field, negative ones standard ids of containers.
 namespace member_id {
+/// @{
+/// Of the member of that name, which QuorvaleBox documents.
 inline constexpr std::int32_t ImageList = 0x40030013;
 inline constexpr std::int32_t LoadFile = 0x60030012;
 inline constexpr std::int32_t CollapseLines = 0x60030014;
@@ -48,9 +50,13 @@ inline constexpr std::int32_t Offset = 0x68030000;
 inline constexpr std::int32_t OffsetToRowCol = 0x60030040;
 inline constexpr std::int32_t AutoRedraw = 0x68030026;
 inline constexpr std::int32_t SearchFiles = 0x68030099;
+/// @}
 }  // namespace member_id
 
+/// The numbers by which an EventSink hears of events; they never change.
 namespace event_id {
+/// @{
+/// Of the event of that name, which QuorvaleBoxEvents documents.
 inline constexpr std::int32_t MouseDown = 1;
 inline constexpr std::int32_t DblClick = 2;
 inline constexpr std::int32_t ImageClick = 3;
@@ -61,6 +67,7 @@ inline constexpr std::int32_t KeyUp = 7;
 inline constexpr std::int32_t MouseUp = 8;
 inline constexpr std::int32_t ButtonClick = 9;
 inline constexpr std::int32_t BeforeFileChange = 10;
+/// @}
 }  // namespace event_id
 
 }  // namespace quorvale

@@ -17,6 +17,8 @@ class Element;
 class QUORVALE_CORE_EXPORT ElementWatcher {
 public:
     virtual ~ElementWatcher() = default;
+    /// `property` is the name of the setter without its "Set", or that of what is asked for. It
+    /// also comes for a value that is the old one.
     virtual void Setting(const Element& element, std::string_view property) = 0;
 };
 
@@ -24,6 +26,7 @@ public:
 /// position or size never runs a handler.
 class QUORVALE_CORE_EXPORT Element {
 public:
+    /// An element at 0, 0 without a size, visible and enabled.
     explicit Element(std::string name, int index = -1) : name_(std::move(name)), index_(index) {}
 
     /// The element's name, without an index.
@@ -31,30 +34,45 @@ public:
     /// Its place in an array of elements, or -1.
     int Index() const { return index_; }
 
+    /// Of the left edge, from that of the control or of the box it lies in.
     Twips Left() const { return left_; }
+    /// Of the upper edge, from that of the control or of the box it lies in.
     Twips Top() const { return top_; }
+    /// Never negative.
     Twips Width() const { return width_; }
+    /// Never negative.
     Twips Height() const { return height_; }
+    /// Where the left edge is to be, in twips; it may lie outside.
     void SetLeft(Twips left) { Assign(left_, left, "Left"); }
+    /// Where the upper edge is to be, in twips; it may lie outside.
     void SetTop(Twips top) { Assign(top_, top, "Top"); }
     /// A negative width or height is stored as 0.
     void SetWidth(Twips width) { Assign(width_, width < 0 ? 0 : width, "Width"); }
+    /// As with the width.
     void SetHeight(Twips height) { Assign(height_, height < 0 ? 0 : height, "Height"); }
+    /// Sets left, top, width and height one after the other, in that order.
     void Move(Twips left, Twips top, Twips width, Twips height);
 
+    /// Whether it is shown, as far as the box that it lies in is.
     bool Visible() const { return visible_; }
+    /// Shows or hides it.
     void SetVisible(bool visible) { Assign(visible_, visible, "Visible"); }
 
+    /// Whether it answers its user.
     bool Enabled() const { return enabled_; }
+    /// Lets it answer its user or not.
     void SetEnabled(bool enabled) { Assign(enabled_, enabled, "Enabled"); }
 
     /// Free text that the core keeps with the element.
     const std::u16string& Tag() const { return tag_; }
+    /// Keeps a text; nothing is shown of it.
     void SetTag(std::u16string tag) { Assign(tag_, std::move(tag), "Tag"); }
 
     /// Rises with every change that took place.
     std::uint32_t Revision() const { return revision_; }
 
+    /// Lets one watcher, which must outlive the element or be taken away, hear of it; null for
+    /// none.
     void Watch(ElementWatcher* watcher) { watcher_ = watcher; }
 
     /// Makes this element a copy of `model` in everything but its index; it starts hidden.
@@ -75,6 +93,7 @@ protected:
         return true;
     }
 
+    /// Asks the watcher, and counts as a change.
     void Touch(std::string_view property) {
         if (watcher_ != nullptr) watcher_->Setting(*this, property);
         ++revision_;

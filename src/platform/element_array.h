@@ -27,18 +27,25 @@ public:
     /// An array that is empty at first; its first element gets the index `lower`.
     ElementArray(std::string name, int lower) : name_(std::move(name)), lower_(lower) {}
 
+    /// The lowest index, also of an empty array.
     int LowerBound() const { return lower_; }
     /// The highest index; below `LowerBound()` when the array is empty.
     int UpperBound() const { return lower_ + static_cast<int>(elements_.size()) - 1; }
+    /// Whether there is an element of that index.
     bool Has(int index) const { return index >= lower_ && index <= UpperBound(); }
 
     /// Index error where there is no such element.
     E& operator[](int index) { return elements_[Place(index)]; }
+    /// The same for looking at it.
     const E& operator[](int index) const { return elements_[Place(index)]; }
 
+    /// The element of the lowest index, as with every container.
     auto begin() { return elements_.begin(); }
+    /// Behind the one of the highest index.
     auto end() { return elements_.end(); }
+    /// For looking at them.
     auto begin() const { return elements_.begin(); }
+    /// For looking at them.
     auto end() const { return elements_.end(); }
 
     /// Adds one element at the end: a hidden copy of the first one, or a new one in an empty array.

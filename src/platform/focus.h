@@ -15,9 +15,12 @@ public:
     /// Asked before the focus moves; false refuses. A surface answers whether the element can be
     /// reached and moves its own focus. Without it every move is granted.
     std::function<bool(FocusChild)> OnRequest;
+    /// An element has lost the focus; it is no longer the active one.
     std::function<void(FocusChild)> OnLost;
+    /// An element has got the focus, unless a handler moved it on.
     std::function<void(FocusChild)> OnGot;
 
+    /// Who has the focus; None at first and while it is outside of the control.
     FocusChild Active() const { return active_; }
 
     /// The core wants the focus there. False when it cannot be had; callers may ignore that.

@@ -15,12 +15,18 @@ class QUORVALE_CORE_EXPORT PaintedElement : public Element {
 public:
     using Element::Element;
 
+    /// Of the text; the system's ButtonText at first.
     Colour ForeColor() const { return foreColor_; }
+    /// Of the ground; the system's ButtonFace at first.
     Colour BackColor() const { return backColor_; }
+    /// Colours the text.
     void SetForeColor(Colour colour) { Assign(foreColor_, colour, "ForeColor"); }
+    /// Colours the ground.
     void SetBackColor(Colour colour) { Assign(backColor_, colour, "BackColor"); }
 
+    /// The default font at first.
     const quorvale::Font& Font() const { return font_; }
+    /// Takes all of a font.
     void SetFont(const quorvale::Font& font) { Assign(font_, font, "Font"); }
 
     /// Takes over name, character set and size, in that order; bold and italic stay.
@@ -44,12 +50,18 @@ class QUORVALE_CORE_EXPORT Label : public PaintedElement {
 public:
     using PaintedElement::PaintedElement;
 
+    /// The text, valid until another one is set.
     std::u16string_view Caption() const { return caption_.View(); }
+    /// The same without a copy, to be kept.
     const SharedText& SharedCaption() const { return caption_; }
+    /// Shows a text; the width follows where `SetAutoSize` was called.
     void SetCaption(SharedText caption);
+    /// The same with a text of its own.
     void SetCaption(std::u16string caption) { SetCaption(SharedText(std::move(caption))); }
 
+    /// Whether the text is drawn bold.
     bool Bold() const { return Font().Bold; }
+    /// Draws the text bold or not; all else of the font stays.
     void SetBold(bool bold) {
         quorvale::Font font = Font();
         font.Bold = bold;

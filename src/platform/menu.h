@@ -16,22 +16,26 @@ class QUORVALE_CORE_EXPORT Menu : public Element {
 public:
     using Element::Element;
 
-    /// The menu's own caption and its entries; entries are found by their key.
+    /// The menu's own.
     std::u16string Caption;
+    /// From top to bottom; they are found by their keys.
     std::vector<MenuItem> Items;
 
+    /// The user has picked the entry of that key.
     std::function<void(const std::u16string& key)> OnPick;
     /// Set by a surface that shows menus: where the menu is wanted, in twips on the control.
     std::function<void(Twips x, Twips y)> OnPopUp;
 
+    /// A point on the control, in twips.
     struct Place {
-        Twips X;
-        Twips Y;
+        Twips X;  ///< from the left
+        Twips Y;  ///< from the top
     };
 
     /// Where the menu stands since it was last popped up; none while it is closed.
     const std::optional<Place>& PoppedUpAt() const { return poppedUpAt_; }
 
+    /// Opens the menu with its upper left corner there, in twips on the control.
     void PopUp(Twips x, Twips y) {
         poppedUpAt_ = Place{x, y};
         Touch("PopUp");

@@ -22,23 +22,31 @@ public:
     /// The user clicked the bar.
     std::function<void()> OnGotFocus;
 
+    /// The value at the upper or left end; 0 at first.
     std::int32_t Min() const { return min_; }
+    /// The value at the lower or right end; 32767 at first.
     std::int32_t Max() const { return max_; }
+    /// Between the two, whichever is the greater; 0 at first.
     std::int32_t Value() const { return value_; }
+    /// How far an arrow goes; 1 at first.
     std::int32_t SmallChange() const { return smallChange_; }
+    /// How far a click into the trough goes, and the size of the thumb; 1 at first.
     std::int32_t LargeChange() const { return largeChange_; }
 
     /// All of these: Overflow for a number of more than 16 bits unless the bar is wide.
     void SetMin(std::int32_t min);
+    /// A value that is left outside moves to the end, and `OnChange` runs; as with `SetMin`.
     void SetMax(std::int32_t max);
     /// InvalidValue outside the range.
     void SetValue(std::int32_t value);
     /// InvalidValue below 1.
     void SetSmallChange(std::int32_t change);
+    /// InvalidValue below 1, as with the small one.
     void SetLargeChange(std::int32_t change);
 
     /// A wide bar takes 32-bit numbers.
     bool Wide() const { return wide_; }
+    /// Says which numbers are taken from now on; those it has stay.
     void SetWide(bool wide) { wide_ = wide; }
 
     // What users do. A hidden or disabled bar does not answer.
@@ -53,6 +61,7 @@ public:
     void UserDrag(std::int32_t value);
     /// The thumb is let go.
     void UserRelease();
+    /// A press anywhere on the bar: runs `OnGotFocus`.
     void UserClickInto();
 
 private:

@@ -14,14 +14,16 @@ enum class FindOutcome {
     Stopped,   ///< it was ended before it came to one, or nobody waits for it any more
 };
 
+/// Which way a search goes from the caret.
 enum class FindDirection { Forward, Backward };
 
 /// A place that the user has picked from the results.
 struct PickedPlace {
-    std::u16string File;
-    std::int32_t Line = 0;
-    std::int32_t Column = 0;
+    std::u16string File;      ///< its full name
+    std::int32_t Line = 0;    ///< from 1
+    std::int32_t Column = 0;  ///< from 1, of the line as it is displayed
 
+    /// Equal in all parts.
     bool operator==(const PickedPlace&) const = default;
 };
 

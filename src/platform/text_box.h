@@ -16,12 +16,14 @@ class QUORVALE_CORE_EXPORT TextBox : public PaintedElement {
 public:
     using PaintedElement::PaintedElement;
 
+    /// The text has become another one; the handler may end the control.
     std::function<void()> OnChange;
     /// A key goes down in the box; setting the code to 0 swallows it.
     std::function<void(std::int16_t& keyCode, std::int16_t shift)> OnKeyDown;
     /// The surface's: a character that is still being composed is to become text now.
     std::function<void()> OnFinishTyping;
 
+    /// What stands in the box.
     const std::u16string& Text() const { return text_; }
     /// What is selected stays as far as the new text reaches.
     void SetText(std::u16string text) {
@@ -40,7 +42,9 @@ public:
 
     /// Where the insertion point stands and how much is selected from there, in UTF-16 units.
     std::size_t SelStart() const { return selStart_; }
+    /// How much is selected; 0 for nothing.
     std::size_t SelLength() const { return selLength_; }
+    /// Puts the insertion point and the selection there, as far as the text reaches.
     void Select(std::size_t start, std::size_t length) {
         KeepSelectionWithinText(start, length);
         Touch("Selection");
