@@ -47,6 +47,7 @@ class Checkout:
         self.script("build/release/bin/quorvale-viewer",
                     f"{shlex.quote(desktop.VIEWER)} --dump-elements {shlex.quote(str(dump))} \"$@\"",
                     f"echo $? > {shlex.quote(str(self.closed))}")
+        (release / "bin/example_host_test").symlink_to(BUILD / "bin/example_host_test")
         (place / "build/test").mkdir()
         (place / "build/test/CTestTestfile.cmake").write_text(
             f'subdirs("{BUILD / "examples"}")\n', encoding="utf-8")

@@ -19,7 +19,7 @@ from tool import (DONE, FAILED, IN_USE, INTERRUPTED, MISFIT, PENDING, Tool, cont
 
 # Whatever could do something to a terminal.
 UNSAFE = re.compile("[\x00-\x08\x0b-\x1f\x7f-\x9f\u200e\u200f\u2028-\u202e\u2066-\u2069]")
-# Processor time, not the clock's: other programs run besides. What waits for ever is killed.
+# Processor time, not the clock's: other programs run besides. What waits is killed (tool.LONGEST_WAIT).
 MOST_SECONDS = float(os.environ.get("QUORVALE_MOST_SECONDS", "1"))
 
 
