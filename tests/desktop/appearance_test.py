@@ -127,6 +127,37 @@ class Appearance(ViewerCase):
             for other in parts[i + 1:]:
                 self.assertFalse(overlap(one["place"], other["place"]), f"{one} {other}")
 
+    def check_editor(self, name):
+        self.press("F2")
+        shown = self.until("the editor", lambda shown: shown["focus"] == "editor" and
+                           shown.get("editor", "").count("GET /export"))
+        picture = self.take(name, self.window)
+        for line in (9, 10):
+            row = self.row_of(line)
+            place = self.in_pixels(row["left"] + 2, shown["above"] + row["top"] + 1, 300,
+                                   shown["rowHeight"] - 2)
+            with self.subTest(edited=line):
+                self.assertGreaterEqual(picture.text_contrast(*place), LEAST_CONTRAST)
+        self.press("Escape")
+        self.until("no editor", lambda shown: "editor" not in shown and shown["focus"] == "text")
+
+    def check_results(self, name):
+        self.press("ctrl+f")
+        self.until("the box", lambda shown: shown["focus"] == "search")
+        tool("xdotool", "type", "round")
+        self.until("what was typed", lambda shown: shown["search"] == "round")
+        self.press("ctrl+shift+f")
+        shown = self.until("the list", lambda shown: shown.get("results") == 4 and
+                           len(shown["seenResults"]) == 4 and shown["focus"] == "found")
+        picture = self.take(name, self.window)
+        for result in shown["seenResults"]:
+            at = shown["above"] + result["at"][1]
+            place = self.in_pixels(30, at - shown["rowHeight"] / 2 + 1, 320, shown["rowHeight"] - 2)
+            with self.subTest(result=result["text"]):
+                self.assertGreaterEqual(picture.text_contrast(*place), LEAST_CONTRAST)
+        self.press("Escape")
+        self.until("no list", lambda shown: "results" not in shown and shown["focus"] == "text")
+
     def check_menu(self, name):
         self.press("alt+v")
         shown = self.until("the menu", lambda shown: shown.get("popupPlace"))
@@ -152,6 +183,8 @@ class Appearance(ViewerCase):
         self.check_parts(picture)
         self.check_places()
         self.check_menu(name + "-menu")
+        self.check_editor(name + "-editor")
+        self.check_results(name + "-list")
 
 
 def overlap(one, other):
