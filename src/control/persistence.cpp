@@ -22,11 +22,12 @@ bool IsNumber(const Variant& value) {
            std::holds_alternative<double>(value);
 }
 
-/// Reads a key with a conversion; whatever cannot be converted counts as absent.
+/// Reads a number of any type with a conversion: in a settings file the types of numbers look
+/// alike. Anything else, and a number that does not fit, counts as absent.
 template <class T, class Convert>
-T ReadAs(PropertyBag& bag, std::u16string_view key, T absent, Convert convert) {
+T ReadNumber(PropertyBag& bag, std::u16string_view key, T absent, Convert convert) {
     const Variant value = bag.Read(key);
-    if (!IsNumber(value) && !std::holds_alternative<bool>(value)) return absent;
+    if (!IsNumber(value)) return absent;
     try {
         return convert(value);
     } catch (const ControlError&) {
@@ -35,11 +36,14 @@ T ReadAs(PropertyBag& bag, std::u16string_view key, T absent, Convert convert) {
 }
 
 Colour ReadColour(PropertyBag& bag, std::u16string_view key, Colour absent) {
-    return ReadAs(bag, key, absent, [](const Variant& value) { return ToColour(value); });
+    return ReadNumber(bag, key, absent, [](const Variant& value) { return ToColour(value); });
 }
 
+/// A number is no Boolean, whatever members make of one.
 bool ReadBoolean(PropertyBag& bag, std::u16string_view key, bool absent) {
-    return ReadAs(bag, key, absent, [](const Variant& value) { return ToBoolean(value); });
+    const Variant value = bag.Read(key);
+    const bool* stored = std::get_if<bool>(&value);
+    return stored != nullptr ? *stored : absent;
 }
 
 /// A size that no font has, from a file that somebody has edited, counts as absent.
@@ -53,8 +57,8 @@ Font ReadFont(PropertyBag& bag, const Font& absent) {
 /// So does a width beyond all screens.
 float ReadBorderWidth(PropertyBag& bag) {
     constexpr float widest = 1'000'000;
-    const float width = ReadAs(bag, u"LeftBorderWidth", defaultBorderWidth,
-                               [](const Variant& value) { return ToSingle(value); });
+    const float width = ReadNumber(bag, u"LeftBorderWidth", defaultBorderWidth,
+                                   [](const Variant& value) { return ToSingle(value); });
     return width <= widest ? width : defaultBorderWidth;
 }
 
@@ -77,10 +81,10 @@ void Persistence::Read(PropertyBag& bag) {
     appearance.SetBorderColor(ReadColour(bag, u"BorderColor", defaultGround));
     float width = ReadBorderWidth(bag);
     appearance.SetLeftBorderWidth(width);
-    parts_.Shell.SetShowGrid(ReadBoolean(bag, u"ShowGrid", defaultGrid));
+    parts_.ToolbarCommands.SetShowGrid(ReadBoolean(bag, u"ShowGrid", defaultGrid));
     parts_.Looks.EnabledFlag = ReadBoolean(bag, u"Enabled", defaultEnabled);
-    const std::int16_t style = ReadAs(bag, u"BorderStyle", defaultBorderStyle,
-                                      [](const Variant& value) { return ToShort(value); });
+    const std::int16_t style = ReadNumber(bag, u"BorderStyle", defaultBorderStyle,
+                                          [](const Variant& value) { return ToShort(value); });
     if (style == 0 || style == 1) parts_.Elements.UserControl.SetBorderStyle(style);
     appearance.SetFont(ReadFont(bag, parts_.Services.Site->Font()));
 }

@@ -256,6 +256,10 @@ void SettingsBagTest::rubbishBringsTheDefaults_data() {
     QTest::newRow("words") << QByteArray(
         "[Box]\nBackColor=red\nForeColor=\nBorderColor=#fff\nLeftBorderWidth=wide\nEnabled=yes\n"
         "Font=Monospace\nBorderStyle=none\nShowGrid=on\n");
+    // A truth is no number, and a number is no truth.
+    QTest::newRow("truth for numbers") << QByteArray(
+        "[Box]\nBackColor=True\nForeColor=false\nBorderColor=true\nLeftBorderWidth=true\n"
+        "Enabled=1\nFont=12\nBorderStyle=False\nShowGrid=-1\n");
     QTest::newRow("out of range") << QByteArray(
         "[Box]\nBackColor=4294967296\nForeColor=1e300\nLeftBorderWidth=3e38\nBorderStyle=7\n"
         "Font=\"Font:1e308;0;0;0;DejaVu Sans\"\n");

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/text.h"
@@ -176,6 +179,50 @@ TEST(StoredProperties, AValueOfAnotherTypeCountsAsAbsent) {
     EXPECT_EQ(Keys(written), std::vector<std::string>{});
 }
 
+/// Is the value of one of the types that a number may have?
+bool IsNumber(const Variant& value) {
+    return std::holds_alternative<std::int16_t>(value) ||
+           std::holds_alternative<std::int32_t>(value) || std::holds_alternative<float>(value) ||
+           std::holds_alternative<double>(value);
+}
+
+// A truth in the border's width took the border away, one among the colours made the control white,
+// and any number switched the grid on.
+TEST(StoredProperties, EveryKeyTakesValuesOfItsOwnTypeOnly) {
+    const auto values = [](std::int16_t number) -> std::vector<Variant> {
+        return {true,
+                number,
+                std::int32_t{number},
+                static_cast<float>(number),
+                static_cast<double>(number),
+                std::u16string(u"1"),
+                std::u16string(u"True"),
+                Font{u"Other", 20},
+                std::make_shared<Object>(),
+                std::make_shared<const Picture>("own", 240, 240)};
+    };
+    const Lines numbers{"BackColor", "ForeColor", "BorderColor", "LeftBorderWidth", "BorderStyle"};
+    for (const char16_t* key : {u"BackColor", u"ForeColor", u"BorderColor", u"LeftBorderWidth",
+                                u"Enabled", u"Font", u"BorderStyle", u"ShowGrid"}) {
+        const std::string name = ToUtf8(key);
+        const bool takesNumbers = std::count(numbers.begin(), numbers.end(), name) > 0;
+        // Another one than the key's default.
+        for (const Variant& value : values(name == "BorderStyle" ? 0 : 1)) {
+            SCOPED_TRACE(name + " " + ToUtf8(TextOfValue(value)));
+            MemoryBag bag;
+            bag.Values[key] = value;
+            HeadlessBox box;
+            box->ReadProperties(bag);
+            MemoryBag written;
+            box->WriteProperties(written);
+            const bool taken = takesNumbers     ? IsNumber(value)
+                               : name == "Font" ? std::holds_alternative<Font>(value)
+                                                : std::holds_alternative<bool>(value);
+            EXPECT_EQ(Keys(written), taken ? Lines{name} : Lines{});
+        }
+    }
+}
+
 TEST(StoredProperties, ASizeThatNothingHasCountsAsAbsent) {
     const auto nan = std::numeric_limits<double>::quiet_NaN();
     for (const double size : {-1.0, 0.0, 2001.0, 1e308, nan}) {
@@ -277,13 +324,40 @@ TEST(StoredProperties, TheNameStaysWhileTheHostIsBeingDesignedWhateverIsSet) {
     EXPECT_EQ(shown(), u"a line");
 }
 
+/// A control as a container has just created it: no row but the designed one.
+std::unique_ptr<QuorvaleBox> WithoutRows() {
+    HostServices services;
+    services.Metrics = std::make_shared<FixedMetrics>();
+    services.Files = std::make_shared<MemoryFiles>();
+    services.Xml = std::make_shared<PlainXml>();
+    services.Memory = std::make_shared<PlainMemory>();
+    services.Site = std::make_shared<HeadlessContainer>();
+    services.Messages = std::make_shared<HeadlessMessages>();
+    return std::make_unique<QuorvaleBox>(std::move(services));
+}
+
 TEST(StoredProperties, ReadingBeforeThereAreRowsCreatesThem) {
     MemoryBag bag;
     bag.Values[u"BackColor"] = static_cast<std::int32_t>(red);
-    HeadlessBox box;
+    bag.Values[u"ForeColor"] = std::int32_t{0x00FF00};
+    bag.Values[u"LeftBorderWidth"] = 600.0F;
+    bag.Values[u"Font"] = Font{u"Other", 18};
+    const auto box = WithoutRows();
+    const Surface& surface = box->Elements();
+    ASSERT_EQ(surface.lblLine.UpperBound(), 0);
     box->ReadProperties(bag);
-    EXPECT_EQ(box.Elements().lblLine.UpperBound(), 128);
-    for (const Label& label : box.Elements().lblLine) EXPECT_EQ(label.BackColor(), red);
+    ASSERT_EQ(surface.lblLine.UpperBound(), 128);
+    for (int slot = 0; slot <= 128; ++slot) {
+        SCOPED_TRACE(slot);
+        const Label& label = surface.lblLine[slot];
+        EXPECT_EQ(label.BackColor(), red);
+        EXPECT_EQ(label.ForeColor(), 0x00FF00U);
+        EXPECT_EQ(label.Font().Name, u"Other");
+        EXPECT_EQ(label.Font().Size, 18);
+        EXPECT_EQ(label.Left(), 600 + 315);
+        EXPECT_EQ(label.Top(), slot * surface.RowHeight() + surface.ToolbarHeight());
+        EXPECT_EQ(surface.imgLine[slot].Width(), 600 - 15);
+    }
 }
 
 TEST(StoredProperties, WhatIsOfTheMomentIsNotStored) {
