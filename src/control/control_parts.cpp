@@ -58,7 +58,7 @@ ControlParts::ControlParts(HostServices services, HostOptions options)
       Picking(Search, Elements, Document, FoundList, Peers),
       GoToLine(Elements, Peers),
       Appearance(*this),
-      Shell(*this),
+      ToolbarCommands(*this),
       Persistence(*this),
       Extras(*this),
       HostCorrections(*this),

@@ -11,8 +11,8 @@
 #include "control/host_extras.h"
 #include "control/persistence.h"
 #include "control/search_extras.h"
-#include "control/shell.h"
 #include "control/switchboard.h"
+#include "control/toolbar_commands.h"
 #include "corrections/commands.h"
 #include "corrections/commit.h"
 #include "corrections/corrected_text.h"
@@ -125,7 +125,7 @@ public:
     quorvale::GoToLine GoToLine;
 
     quorvale::Appearance Appearance;
-    quorvale::Shell Shell;
+    quorvale::ToolbarCommands ToolbarCommands;
     quorvale::Persistence Persistence;
     HostExtras Extras;
     quorvale::HostCorrections HostCorrections;

@@ -44,7 +44,7 @@ public:
 
     /// Who hears the events: null for nobody, a widget for itself. Outlives this or is taken back.
     void SetEvents(QuorvaleBoxEvents* events);
-    /// Who hears the events by number, before the other listener; the same rules hold for it.
+    /// Who hears the events by number, after the other listener; the same rules hold for it.
     void SetEventSink(EventSink* sink);
 
     /// The elements that a surface shows. They live as long as the control.

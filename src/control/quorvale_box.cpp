@@ -161,14 +161,14 @@ void QuorvaleBox::SearchFiles(const std::u16string& files) { parts_->Search.Sear
 bool QuorvaleBox::AddButton(const std::u16string& ButtonName, PicturePtr picture,
                             const std::u16string& ToolTipText) {
     const Frame frame(parts_);
-    return frame->Shell.AddButton(ButtonName, std::move(picture), ToolTipText);
+    return frame->ToolbarCommands.AddButton(ButtonName, std::move(picture), ToolTipText);
 }
 
 bool QuorvaleBox::ShowGrid() const { return parts_->Elements.tbMore.Button(u"Grid").Pressed; }
 
 void QuorvaleBox::ShowGrid(bool show) {
     const Frame frame(parts_);
-    frame->Shell.SetShowGrid(show);
+    frame->ToolbarCommands.SetShowGrid(show);
 }
 
 Colour QuorvaleBox::BackColor() const { return parts_->Elements.UserControl.BackColor(); }

@@ -28,9 +28,9 @@ void WireBarsAndTools(ControlParts& parts) {
     surface.scrVert.OnGotFocus = Handler(parts, keepFocus);
     surface.scrHorz.OnChange = Handler(parts, [](P& p) { p.RowShift.HorizontalChanged(); });
     surface.scrHorz.OnGotFocus = Handler(parts, keepFocus);
-    surface.tbMore.OnClick =
-        Handler(parts, [](P& p, const std::u16string& key) { p.Shell.ToolbarClicked(key); });
-    surface.cmdMore.OnClick = Handler(parts, [](P& p) { p.Shell.ToggleToolbar(); });
+    surface.tbMore.OnClick = Handler(
+        parts, [](P& p, const std::u16string& key) { p.ToolbarCommands.ToolbarClicked(key); });
+    surface.cmdMore.OnClick = Handler(parts, [](P& p) { p.ToolbarCommands.ToggleToolbar(); });
     surface.mnuCollapse.OnPick =
         Handler(parts, [](P& p, const std::u16string& key) { p.Glyphs.MenuPicked(key); });
 }
@@ -65,14 +65,14 @@ void WireSearch(ControlParts& parts) {
     Surface& surface = parts.Elements;
     surface.tbMore.OnMenuClick =
         Handler(parts, [](P& p, const std::u16string& button, const std::u16string& item) {
-            p.Shell.ToolbarMenuClicked(button, item);
+            p.ToolbarCommands.ToolbarMenuClicked(button, item);
         });
     surface.txtSearch.OnChange = Handler(parts, SearchBoxChanged);
     surface.txtSearch.OnKeyDown = KeyHandler(parts, [](P& p, auto& key) { p.Find.KeyDown(key); });
     surface.txtLn.OnKeyDown = KeyHandler(parts, [](P& p, auto& key) {
         if (key != key_code::Return) return;
         key = 0;
-        p.Shell.ToolbarClicked(u"Ln");
+        p.ToolbarCommands.ToolbarClicked(u"Ln");
     });
     surface.lvFound.OnActivate = Handler(parts, [](P& p) { p.Picking.PickSelected(); });
     surface.lvFound.OnKeyDown = KeyHandler(parts, [](P& p, auto& key) { p.Picking.KeyDown(key); });

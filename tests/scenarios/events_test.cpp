@@ -162,6 +162,18 @@ TEST_F(Events, ColoursPicturesAndAppearanceAreNotHeard) {
                 ElementsAre());
 }
 
+TEST_F(Events, TheListenerHearsBeforeTheSink) {
+    std::vector<std::size_t> heardBefore;
+    box_.Log().OnEvent = [&](const std::string&) { heardBefore.push_back(sink_.All.size()); };
+    EXPECT_THAT(After([&] {
+                    box_->TopLine(20);
+                    box_->ShowGrid(true);
+                    box_->MoveTo(21, 2);
+                }),
+                ElementsAre("Scrolled", "ButtonClick(Grid)", "SelChanged"));
+    EXPECT_THAT(heardBefore, ElementsAre(0, 1, 2));
+}
+
 TEST_F(Events, NobodyNeedsToListen) {
     box_->SetEvents(nullptr);
     box_->SetEventSink(nullptr);

@@ -1,4 +1,4 @@
-#include "control/shell.h"
+#include "control/toolbar_commands.h"
 
 #include <utility>
 
@@ -6,7 +6,7 @@
 
 namespace quorvale {
 
-void Shell::ToolbarClicked(const std::u16string& key) {
+void ToolbarCommands::ToolbarClicked(const std::u16string& key) {
     if (key == u"Find") {
         parts_.Find.FindNext();
     } else if (key == u"Ln") {
@@ -22,7 +22,7 @@ void Shell::ToolbarClicked(const std::u16string& key) {
     }
 }
 
-void Shell::ToolbarMenuClicked(const std::u16string& button, const std::u16string& item) {
+void ToolbarCommands::ToolbarMenuClicked(const std::u16string& button, const std::u16string& item) {
     if (button != u"Find") return;
     if (item == u"Next") {
         parts_.Find.FindNext();
@@ -35,7 +35,7 @@ void Shell::ToolbarMenuClicked(const std::u16string& button, const std::u16strin
     }
 }
 
-void Shell::ToggleToolbar() {
+void ToolbarCommands::ToggleToolbar() {
     Surface& surface = parts_.Elements;
     const bool shown = !surface.tbMore.Visible();
     surface.tbMore.SetVisible(shown);
@@ -50,8 +50,8 @@ void Shell::ToggleToolbar() {
     surface.Focus.Request(shown ? FocusChild::SearchBox : FocusChild::TextArea);
 }
 
-bool Shell::AddButton(const std::u16string& name, PicturePtr picture,
-                      const std::u16string& toolTip) {
+bool ToolbarCommands::AddButton(const std::u16string& name, PicturePtr picture,
+                                const std::u16string& toolTip) {
     ToolbarButton button;
     button.Key = u"." + name;
     button.PictureKey = button.Key;
@@ -62,19 +62,19 @@ bool Shell::AddButton(const std::u16string& name, PicturePtr picture,
     return parts_.Elements.tbMore.Add(std::move(button));
 }
 
-void Shell::SetShowGrid(bool show) {
+void ToolbarCommands::SetShowGrid(bool show) {
     parts_.Elements.tbMore.SetPressed(u"Grid", show);
     GridClicked();
 }
 
-void Shell::GridClicked() {
+void ToolbarCommands::GridClicked() {
     Surface& surface = parts_.Elements;
     const bool shown = surface.tbMore.Button(u"Grid").Pressed;
     for (LineShape& boundary : surface.lnGrid) boundary.SetVisible(shown);
     RaiseButtonClick(u"Grid");
 }
 
-void Shell::RaiseButtonClick(const std::u16string& name) {
+void ToolbarCommands::RaiseButtonClick(const std::u16string& name) {
     parts_.Events.Raise([&](QuorvaleBoxEvents& events) { events.ButtonClick(name); });
 }
 

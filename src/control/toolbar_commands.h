@@ -8,10 +8,11 @@ namespace quorvale {
 
 class ControlParts;
 
-/// The toolbar's own commands: the host's buttons, the boundary lines, showing and hiding it.
-class Shell {
+/// What the toolbar does: where its clicks lead, which of a host's buttons it takes and which it
+/// refuses, the boundary lines, showing and hiding it.
+class ToolbarCommands {
 public:
-    explicit Shell(ControlParts& parts) : parts_(parts) {}
+    explicit ToolbarCommands(ControlParts& parts) : parts_(parts) {}
 
     /// Routes a click by the button's key; buttons that only open a box or print do nothing.
     void ToolbarClicked(const std::u16string& key);
