@@ -71,8 +71,9 @@ void ControlWidget::setInterfaceLanguage(QLocale::Language language) {
 QLocale::Language ControlWidget::interfaceLanguage() { return languageOfNewWidgets(); }
 
 void ControlWidget::speakAnew() {
+    const ControlLinkPtr link = link_;
     call([this](QuorvaleBox& held) { held.Extras().Speak(languageFor(*this)); });
-    if (link_->box() != nullptr) surface_->nameParts();
+    if (link->box() != nullptr) surface_->nameParts();
 }
 
 bool ControlWidget::isSearching() const { return link_->isClosed(); }
@@ -93,17 +94,21 @@ void ControlWidget::setDesigned(bool designed) {
 HostOptions ControlWidget::options() const { return box().Options(); }
 
 void ControlWidget::call(const std::function<void(QuorvaleBox&)>& member) {
-    const std::shared_ptr<QuorvaleBox> held = link_->box();
+    const ControlLinkPtr link = link_;
+    const std::shared_ptr<QuorvaleBox> held = link->box();
     if (held == nullptr) return;
     try {
         member(*held);
     } catch (const ControlError&) {
     }
+    if (link->box() != nullptr) noteChanges();
 }
 
 std::shared_ptr<QuorvaleBox> ControlWidget::heldBox() const { return link_->box(); }
 
-void ControlWidget::act(const std::function<void(Surface&)>& action) { link_->run(action); }
+void ControlWidget::act(const std::function<void(Surface&)>& action) {
+    if (link_->run(action)) noteChanges();
+}
 
 QSize ControlWidget::sizeHint() const { return {800, 600}; }
 

@@ -74,7 +74,8 @@ signals:
     void mouseDown(int button, int shift, double x, double y);
     /// A mouse button comes up on a row.
     void mouseUp(int button, int shift, double x, double y);
-    /// The caret or the row selection changed.
+    /// The caret or the row selection changed, or what is read of them: another document may be
+    /// shown.
     void selectionChanged();
     /// A row is double-clicked.
     void doubleClicked();
@@ -84,7 +85,7 @@ signals:
     void keyDown(int keyCode, int shift);
     /// A key comes up in the text.
     void keyUp(int keyCode, int shift);
-    /// The top line was set, by the host or by scrolling.
+    /// The top line was set, by the host or by scrolling, or is another one for any other reason.
     void scrolled();
     /// A button that the host added is clicked, or the one for the boundary lines.
     void buttonClicked(const QString& name);
@@ -103,11 +104,16 @@ protected:
     /// For derived classes.
     ControlWidget(QWidget* parent, const WidgetPorts& ports);
 
-    /// Runs a member of the control, held alive; a failure of the control ends here.
+    /// Runs a member of the control, held alive, then `noteChanges`; a failure of the control ends
+    /// here. A slot may have destroyed the widget when this returns.
     void call(const std::function<void(QuorvaleBox&)>& member);
 
     /// The control, held alive while one of its members runs: a slot may destroy the widget.
     std::shared_ptr<QuorvaleBox> heldBox() const;
+
+    /// Tells of the properties that read otherwise than their listeners know: a member has run, or
+    /// what a user does.
+    virtual void noteChanges() {}
 
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;

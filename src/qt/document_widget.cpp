@@ -1,6 +1,7 @@
 #include "qt/document_widget.h"
 
 #include <QPointer>
+#include <tuple>
 #include <utility>
 
 #include "base/errors.h"
@@ -35,10 +36,23 @@ QVariant toQVariant(const Variant& value) {
 
 DocumentWidget::DocumentWidget(QWidget* parent, const WidgetPorts& ports)
     : ControlWidget(parent, ports) {
-    connect(this, &ControlWidget::propertyReported, this, &DocumentWidget::noteDocument);
-    connect(this, &ControlWidget::shown, this, &DocumentWidget::noteDocument);
+    documentNoted_ = box().Extras().DocumentNumber();
     searchTextNoted_ = searchText();
-    connect(this, &ControlWidget::shown, this, &DocumentWidget::noteSearchText);
+    topLineTold_ = topLine();
+    caretTold_ = caretNow();
+    // Two notify signals are events as well. What they tell is known before any other slot runs.
+    connect(this, &ControlWidget::scrolled, this, [this] { topLineTold_ = topLine(); });
+    connect(this, &ControlWidget::selectionChanged, this, [this] { caretTold_ = caretNow(); });
+    connect(this, &ControlWidget::propertyReported, this, &DocumentWidget::noteChanges);
+    connect(this, &ControlWidget::shown, this, &DocumentWidget::noteChanges);
+}
+
+void DocumentWidget::noteChanges() {
+    const QPointer<DocumentWidget> alive(this);
+    noteDocument();
+    if (alive != nullptr) noteSearchText();
+    if (alive != nullptr && topLine() != topLineTold_) emit scrolled();
+    if (alive != nullptr) noteCaret();
 }
 
 // The control reports a text that was set, but not a file that was loaded.
@@ -50,6 +64,29 @@ void DocumentWidget::noteDocument() {
 void DocumentWidget::noteSearchText() {
     const QString now = searchText();
     if (std::exchange(searchTextNoted_, now) != now) emit searchTextChanged();
+}
+
+void DocumentWidget::noteCaret() {
+    const Caret now = caretNow();
+    const auto read = [](const Caret& caret) {
+        return std::tie(caret.Row, caret.Col, caret.Offset, caret.SelectedRows);
+    };
+    if (read(now) != read(caretTold_)) {
+        emit selectionChanged();
+    } else {
+        caretTold_.Document = now.Document;
+    }
+}
+
+// The offset is counted along the line, which may be long: only where it may have changed.
+DocumentWidget::Caret DocumentWidget::caretNow() const {
+    Caret now{box().Extras().DocumentNumber(), row(), col(), caretTold_.Offset,
+              selectedRowsCount()};
+    const auto place = [](const Caret& caret) {
+        return std::tie(caret.Document, caret.Row, caret.Col);
+    };
+    if (place(now) != place(caretTold_)) now.Offset = offset();
+    return now;
 }
 
 QString DocumentWidget::text() const { return toQString(box().text()); }
@@ -87,9 +124,7 @@ QPoint DocumentWidget::placeOfOffset(int offset) const {
 }
 
 void DocumentWidget::loadFile(const QString& fileName) {
-    const QPointer<DocumentWidget> alive(this);
     call([&](QuorvaleBox& held) { held.LoadFile(toUtf16(fileName)); });
-    if (alive != nullptr) noteDocument();
 }
 
 void DocumentWidget::setText(const QString& text) {
@@ -116,9 +151,7 @@ void DocumentWidget::setSelectedRowsCount(int count) {
 }
 
 void DocumentWidget::setSearchText(const QString& text) {
-    const QPointer<DocumentWidget> alive(this);
     call([&](QuorvaleBox& held) { held.SearchText(toUtf16(text)); });
-    if (alive != nullptr) noteSearchText();
 }
 
 void DocumentWidget::setSearchFiles(const QStringList& fileNames) {

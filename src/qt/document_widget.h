@@ -118,12 +118,27 @@ protected:
     /// For derived classes.
     DocumentWidget(QWidget* parent, const WidgetPorts& ports);
 
+    void noteChanges() override;
+
 private:
+    /// What is read of the caret, and the document that it stands in.
+    struct Caret {
+        std::uint64_t Document = 0;
+        int Row = 0;
+        int Col = 0;
+        int Offset = 0;
+        int SelectedRows = 0;
+    };
+
     void noteDocument();
     void noteSearchText();
+    void noteCaret();
+    Caret caretNow() const;
 
     std::uint64_t documentNoted_ = 0;
     QString searchTextNoted_;
+    int topLineTold_ = 0;
+    Caret caretTold_;
 };
 
 }  // namespace quorvale

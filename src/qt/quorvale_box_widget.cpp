@@ -40,6 +40,8 @@ QuorvaleBoxWidget::QuorvaleBoxWidget(QWidget* parent, const WidgetPorts& ports)
     for (int i = 0; i < properties; ++i) told_ << propertyAt(i).read(this);
     connect(this, &ControlWidget::propertyReported, this, &QuorvaleBoxWidget::listen);
     connect(this, &ControlWidget::buttonClicked, this, &QuorvaleBoxWidget::tellChanges);
+    // A container that brings stored properties back reports some of them to nobody.
+    connect(this, &ControlWidget::shown, this, &QuorvaleBoxWidget::tellChanges);
 }
 
 void QuorvaleBoxWidget::listen(const QString& property) {

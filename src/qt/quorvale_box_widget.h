@@ -14,7 +14,9 @@ namespace quorvale {
 /// Colours follow the palette until they are set, and again after their reset; the font is the
 /// widget's own. `enabledFlag` is kept for the host and consulted by nothing: to disable the widget
 /// there is `setEnabled`. A notify signal comes once for every change of what its property reads,
-/// a change of the palette included, and never when an equal value is set.
+/// whatever member or user caused it and a change of the palette included, and never when an equal
+/// value is set. `scrolled` and `selectionChanged` are events of the control as well, and come with
+/// each of these too.
 class QUORVALE_WIDGET_EXPORT QuorvaleBoxWidget : public DocumentWidget {
     Q_OBJECT
     Q_PROPERTY(QColor backColor READ backColor WRITE setBackColor RESET resetBackColor NOTIFY

@@ -17,7 +17,6 @@ private slots:
     void storedPropertiesAreSetToldAndReset_data();
     void storedPropertiesAreSetToldAndReset();
     void whatIsOfTheMomentIsNotStored();
-    void everyPropertyTellsOfItsChanges();
     void setColoursReachTheControlAndItsRows();
     void coloursFollowThePaletteUntilTheyAreSet();
     void theFontIsTheWidgetsOwn();
@@ -28,7 +27,6 @@ private slots:
     void anOffsetOutsideTheTextMovesNothing();
     void everyNewDocumentIsTold();
     void iconsOfLinesAreFoundByNameAndNumber();
-    void aSlotMayDestroyTheWidgetInEveryNotice();
 };
 
 namespace {
@@ -84,22 +82,6 @@ void PropertiesTest::whatIsOfTheMomentIsNotStored() {
         QVERIFY2(property.isValid(), name);
         QVERIFY2(!property.isStored() && !property.isDesignable(), name);
     }
-}
-
-void PropertiesTest::everyPropertyTellsOfItsChanges() {
-    ShownBox shown;
-    QuorvaleBoxWidget& widget = shown.widget();
-    QSignalSpy text(&widget, &QuorvaleBoxWidget::textChanged);
-    QSignalSpy scrolled(&widget, &QuorvaleBoxWidget::scrolled);
-    QSignalSpy selection(&widget, &QuorvaleBoxWidget::selectionChanged);
-    widget.setText("one\ntwo\nthree");
-    QCOMPARE(text.count(), 1);
-    widget.setProperty("row", 2);
-    QCOMPARE(selection.count(), 1);
-    shown.loadLines(500);
-    QCOMPARE(text.count(), 2);
-    widget.setProperty("topLine", 100);
-    QVERIFY(scrolled.count() >= 1);
 }
 
 void PropertiesTest::setColoursReachTheControlAndItsRows() {
@@ -237,24 +219,6 @@ void PropertiesTest::iconsOfLinesAreFoundByNameAndNumber() {
     QVERIFY(shown.elements().imgLine[2].Shown() == nullptr);
     QCOMPARE(shown.widget().lineImage(1), QVariant("Flag"));
     QCOMPARE(shown.widget().lineImage(2), QVariant(2));
-}
-
-void PropertiesTest::aSlotMayDestroyTheWidgetInEveryNotice() {
-    const auto destroyedBy = [](auto signal, auto act) {
-        auto* widget = new QuorvaleBoxWidget;
-        const QPointer<QuorvaleBoxWidget> alive(widget);
-        widget->setText("one\ntwo\nthree");
-        QObject::connect(widget, signal, widget, [widget] { delete widget; });
-        act(*widget);
-        return alive == nullptr;
-    };
-    using W = QuorvaleBoxWidget;
-    QVERIFY(destroyedBy(&W::textChanged, [](W& w) { w.setText("other"); }));
-    QVERIFY(destroyedBy(&W::textChanged, [](W& w) { w.loadFile("/nowhere"); }));
-    QVERIFY(destroyedBy(&W::selectionChanged, [](W& w) { w.setRow(2); }));
-    QVERIFY(destroyedBy(&W::backColorChanged, [](W& w) { w.setBackColor(Qt::red); }));
-    QVERIFY(destroyedBy(&W::leftBorderWidthChanged, [](W& w) { w.setLeftBorderWidth(30); }));
-    QVERIFY(destroyedBy(&W::showGridChanged, [](W& w) { w.setShowGrid(true); }));
 }
 
 QTEST_MAIN(PropertiesTest)
