@@ -47,6 +47,7 @@ void LiveSurface::nameParts() {
     const Language language = link_->box()->Extras().Language();
     rows_->setAccessibleName(toQString(LoadSpoken(SpokenWord::Rows, language)));
     editor_->setAccessibleName(toQString(LoadText(text_id::Edit, language)));
+    results_->setAccessibleName(toQString(LoadSpoken(SpokenWord::Results, language)));
     nameMoreButton(link_->box()->Elements());
 }
 

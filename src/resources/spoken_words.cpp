@@ -14,7 +14,7 @@ struct Translated {
     std::u16string_view Korean;
 };
 
-constexpr std::array<Translated, 11> words{{
+constexpr std::array<Translated, 12> words{{
     {u"Text", u"テキスト", u"텍스트"},
     {u"blank", u"空行", u"빈 행"},
     {u"folded", u"折りたたみ", u"접힘"},
@@ -22,6 +22,7 @@ constexpr std::array<Translated, 11> words{{
     {u"line %1", u"行 %1", u"행 %1"},
     {u"Show Toolbar", u"ツールバーの表示", u"도구 모음 표시"},
     {u"Hide Toolbar", u"ツールバーの非表示", u"도구 모음 숨기기"},
+    {u"Search results", u"検索結果", u"검색 결과"},
     {u"Search progress", u"検索の進行状況", u"검색 진행 상황"},
     {u"Esc ends the search", u"Esc キーで検索を終了", u"Esc 키로 검색 끝내기"},
     {u"%1 found", u"%1 件見つかりました", u"%1개 찾음"},

@@ -17,6 +17,7 @@ enum class SpokenWord {
     Line,
     ShowToolbar,
     HideToolbar,
+    Results,
     SearchProgress,
     EscapeEndsSearch,
     MatchesSoFar,

@@ -22,11 +22,13 @@ SearchMenu::SearchMenu(QMenu& menu) : QObject(&menu) {
     menu.addSeparator();
     add(tr("List &all matches"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F),
         [this] { list(&SearchExtras::FindAll); });
-    add(tr("List all matches of a pa&ttern"), {},
+    add(tr("List all matches of a pa&ttern"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P),
         [this] { list(&SearchExtras::FindAllOfPattern); });
-    add(tr("&In files..."), {}, [this] { emit filesWanted(); });
+    add(tr("&In files..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_I),
+        [this] { emit filesWanted(); });
     menu.addSeparator();
-    add(tr("Last &list"), {}, [this] { emit lastListWanted(); });
+    add(tr("Last &list"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_L),
+        [this] { emit lastListWanted(); });
     add(tr("Next &result"), QKeySequence(Qt::Key_F4), [this] { emit neighbourWanted(true); });
     add(tr("Pr&evious result"), QKeySequence(Qt::SHIFT | Qt::Key_F4),
         [this] { emit neighbourWanted(false); });

@@ -2,7 +2,9 @@
 #include <QtDesigner/abstractobjectinspector.h>
 #include <QtDesigner/abstractpropertyeditor.h>
 #include <QBuffer>
+#include <QDir>
 #include <QDomDocument>
+#include <QPluginLoader>
 #include <QPointer>
 #include <QTest>
 #include <QUiLoader>
@@ -17,6 +19,7 @@
 #include <QtDesigner/QDesignerWidgetDataBaseInterface>
 #include <QtDesigner/QDesignerWidgetFactoryInterface>
 #include <QtDesigner/QExtensionManager>
+#include <QtUiPlugin/QDesignerCustomWidgetInterface>
 #include <map>
 #include <memory>
 
@@ -105,7 +108,8 @@ void FormTest::initTestCase() {
               {"leftBorderWidth", 600.0},
               {"borderStyle", 0},
               {"showGrid", true},
-              {"enabledFlag", true}};
+              {"enabledFlag", true},
+              {"font", QFont("DejaVu Sans Mono", 17)}};
 }
 
 void FormTest::cleanup() {
@@ -167,13 +171,26 @@ void FormTest::itHasAnIconAndTexts() {
 }
 
 void FormTest::theIconFitsLightAndDarkPalettes() {
-    const auto corner = [](const char* file) {
-        const QImage drawn = QIcon(file).pixmap(22, 22).toImage();
-        return drawn.isNull() ? -1 : drawn.pixelColor(4, 4).lightness();
+    const QStringList names = QDir(QUORVALE_PLUGIN_PATH "/designer").entryList(QDir::Files);
+    QCOMPARE(names.size(), 1);
+    QPluginLoader loader(QUORVALE_PLUGIN_PATH "/designer/" + names.first());
+    const auto* plugin = qobject_cast<QDesignerCustomWidgetInterface*>(loader.instance());
+    QVERIFY(plugin);
+    const QPalette former = QGuiApplication::palette();
+    const auto cornerOn = [plugin](const QColor& ground) {
+        QPalette palette;
+        palette.setColor(QPalette::Window, ground);
+        QGuiApplication::setPalette(palette);
+        return plugin->icon().pixmap(22, 22).toImage().pixelColor(4, 4);
     };
-    QVERIFY(corner(":/quorvalebox/designer/on_light.svg") > 200);
-    const int dark = corner(":/quorvalebox/designer/on_dark.svg");
-    QVERIFY(dark >= 0 && dark < 80);
+    const QColor onLight = cornerOn(QColor(240, 240, 240));
+    const QColor onDark = cornerOn(QColor(40, 40, 40));
+    QGuiApplication::setPalette(former);
+    // Drawn there, and as light or dark as the ground.
+    QCOMPARE(onLight.alpha(), 255);
+    QCOMPARE(onDark.alpha(), 255);
+    QVERIFY(onLight.lightness() > 200);
+    QVERIFY(onDark.lightness() < 80);
 }
 
 void FormTest::theFirstRowShowsTheNameAndFollowsARename() {
@@ -246,6 +263,8 @@ void FormTest::changedPropertiesAloneAreInTheFileAndAllComeBack() {
     }
     QCOMPARE(reloaded->backColor(), QColor(1, 2, 3));
     QCOMPARE(reloaded->borderStyle(), QuorvaleBoxWidget::NoBorder);
+    QCOMPARE(reloaded->box().Font().Name, std::u16string(u"DejaVu Sans Mono"));
+    QCOMPARE(reloaded->box().Font().Size, 17.0);
     QCOMPARE(again->contents(), saved);
 }
 
@@ -260,6 +279,7 @@ void FormTest::aPropertyThatWasResetIsNotInTheFile() {
     }
     QCOMPARE(storedProperties(form->contents()), QStringList{"geometry"});
     QCOMPARE(control->leftBorderWidth(), 240.0);
+    QCOMPARE(control->font(), form->mainContainer()->font());
     QCOMPARE(control->borderStyle(), QuorvaleBoxWidget::FixedSingle);
 }
 
@@ -290,6 +310,8 @@ void FormTest::aProgramLoadsTheFormAsItWasSaved() {
     QCOMPARE(shown->leftBorderWidth(), 600.0);
     QCOMPARE(shown->borderStyle(), QuorvaleBoxWidget::NoBorder);
     QVERIFY(shown->showGrid());
+    QCOMPARE(shown->box().Font().Name, std::u16string(u"DejaVu Sans Mono"));
+    QCOMPARE(shown->box().Font().Size, 17.0);
 }
 
 QTEST_MAIN(FormTest)

@@ -151,8 +151,8 @@ class InTheDocument(Searching):
         shown = self.until("the menu", lambda shown: len(shown["menu"]) > 5)
         self.picture("menu")
         keys = [entry["keys"] for entry in shown["menu"] if entry["keys"]]
-        self.assertEqual(keys, ["Ctrl+F", "F3", "Shift+F3", "Ctrl+Shift+F", "F4", "Shift+F4",
-                                "Ctrl+G"])
+        self.assertEqual(keys, ["Ctrl+F", "F3", "Shift+F3", "Ctrl+Shift+F", "Ctrl+Shift+P",
+                                "Ctrl+Shift+I", "Ctrl+Shift+L", "F4", "Shift+F4", "Ctrl+G"])
 
 
 if __name__ == "__main__":

@@ -30,6 +30,7 @@ private slots:
     void aLineOfAMegabyteIsToldInPart();
     void nothingIsLookedAtWhileNobodyListens();
     void buttonsBoxesAndEditorHaveNames();
+    void theListOfResultsAndItsColumnsHaveNamesInEveryLanguage();
     void aListenerMayDestroyTheControl();
 };
 
@@ -334,6 +335,40 @@ void AccessibilityTest::buttonsBoxesAndEditorHaveNames() {
     QVERIFY(shown.widget().addButton("Mine", QIcon(pixels)));
     shown.settle();
     QCOMPARE(nameOf(tools.findChild<QToolButton*>(".Mine")), QString("Mine"));
+}
+
+// A screen reader came to a list without a name.
+void AccessibilityTest::theListOfResultsAndItsColumnsHaveNamesInEveryLanguage() {
+    struct Said {
+        QLocale::Language Language;
+        QString Name;
+        QStringList Columns;
+    };
+    const Said all[] = {
+        {QLocale::English, "Search results", {"FileName", "Line No.", "Source Line"}},
+        {QLocale::Japanese, "検索結果", {"ファイル名", "行番号", "ソース行"}},
+        {QLocale::Korean, "검색 결과", {"파일 이름", "행 번호", "소스 행"}},
+        {QLocale::English, "Search results", {"FileName", "Line No.", "Source Line"}},
+    };
+    ShownBox shown;
+    shown.loadLines(100);
+    shown.widget().setSearchText("row 7");
+    shown.elements().tbMore.UserMenuClick(u"Find", 1);
+    shown.settle();
+    ListMirror& list = shown.live().results();
+    QVERIFY(list.isVisible());
+    for (const Said& said : all) {
+        QuorvaleBoxWidget::setInterfaceLanguage(said.Language);
+        shown.widget().speakAnew();
+        QuorvaleBoxWidget::setInterfaceLanguage(QLocale::AnyLanguage);
+        shown.settle();
+        QCOMPARE(nameOf(&list), said.Name);
+        auto* table = QAccessible::queryAccessibleInterface(&list)->tableInterface();
+        QVERIFY(table != nullptr);
+        QStringList columns;
+        for (int i = 0; i < table->columnCount(); ++i) columns << table->columnDescription(i);
+        QCOMPARE(columns, said.Columns);
+    }
 }
 
 void AccessibilityTest::aListenerMayDestroyTheControl() {

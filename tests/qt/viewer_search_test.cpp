@@ -2,6 +2,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -46,6 +47,7 @@ private slots:
     void theShownFileIsKnownByTheNameItWasOpenedWith();
     void fillingTheBoxLeavesTheCaretWhereItIs();
     void noTwoEntriesOfTheMenusShareTheirKeys();
+    void everyCommandOfTheToolbarHasAKeyInTheMenus();
 
 private:
     QString put(const QString& name, const QByteArray& bytes = "marker\n");
@@ -335,6 +337,59 @@ void ViewerSearchTest::noTwoEntriesOfTheMenusShareTheirKeys() {
     for (const char* wanted :
          {"Ctrl+F", "F3", "Shift+F3", "Ctrl+Shift+F", "F4", "Shift+F4", "Ctrl+G"}) {
         QVERIFY2(keys.contains(wanted), wanted);
+    }
+}
+
+// Two of them had none.
+void ViewerSearchTest::everyCommandOfTheToolbarHasAKeyInTheMenus() {
+    ViewerWindow window;
+    QHash<QString, QString> keys;
+    for (const QAction* bar : window.menuBar()->actions()) {
+        for (const QAction* entry : bar->menu()->actions()) {
+            // Keys that the control takes itself stand in the caption.
+            const QString named = entry->text().section('\t', 1);
+            keys[entry->text().section('\t', 0, 0).remove('&').remove("...")] =
+                named.isEmpty() ? entry->shortcut().toString() : named;
+        }
+    }
+    for (const char* menu : {"&Edit", "&Search"}) {
+        for (const QAction* bar : window.menuBar()->actions()) {
+            if (bar->text() != menu) continue;
+            for (const QAction* entry : bar->menu()->actions()) {
+                const QString text = entry->text().section('\t', 0, 0).remove('&').remove("...");
+                QVERIFY2(entry->isSeparator() || !keys[text].isEmpty(), qPrintable(text));
+            }
+        }
+    }
+    // The entry for each of the control's own commands; "Print" does nothing.
+    const QHash<QString, QString> entries{{"Find", "Find next"},
+                                          {"Next", "Find next"},
+                                          {"All", "List all matches"},
+                                          {"WildAll", "List all matches of a pattern"},
+                                          {"Recent", "Last list"},
+                                          {"Ln", "Go to line"},
+                                          {"Collapsed", "Fold all"},
+                                          {"Edit", "Edit lines"},
+                                          {"Grid", "Show boundaries"},
+                                          {"mnuPopupEdit", "Edit lines"},
+                                          {"mnuPopupUndo", "Undo correction"},
+                                          {"mnuUndoAll", "Undo all corrections"},
+                                          {"mnuPopupPrev", "Previous correction"},
+                                          {"mnuPopupNext", "Next correction"},
+                                          {"mnuPopupCommit", "Commit into the file"},
+                                          {"mnuCollapseCollapseAll", "Fold all"},
+                                          {"mnuCollapseExpandAll", "Unfold all"}};
+    const Surface& surface = window.control().box().Elements();
+    std::vector<MenuItem> commands = surface.mnuPopup.Items;
+    const auto& folds = surface.mnuCollapse.Items;
+    commands.insert(commands.end(), folds.begin(), folds.end());
+    for (const ToolbarButton& button : surface.tbMore.Buttons()) {
+        if (button.Key != u"Print") commands.push_back({button.Key, {}});
+        commands.insert(commands.end(), button.Menu.begin(), button.Menu.end());
+    }
+    for (const MenuItem& command : commands) {
+        const QString key = toQString(command.Key);
+        if (!key.isEmpty()) QVERIFY2(!keys.value(entries.value(key)).isEmpty(), qPrintable(key));
     }
 }
 

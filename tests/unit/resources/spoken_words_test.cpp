@@ -14,7 +14,7 @@ constexpr SpokenWord allWords[] = {
     SpokenWord::Rows,         SpokenWord::Blank,          SpokenWord::Folded,
     SpokenWord::Corrected,    SpokenWord::Line,           SpokenWord::ShowToolbar,
     SpokenWord::HideToolbar,  SpokenWord::SearchProgress, SpokenWord::EscapeEndsSearch,
-    SpokenWord::MatchesSoFar, SpokenWord::ShownText};
+    SpokenWord::MatchesSoFar, SpokenWord::ShownText,      SpokenWord::Results};
 
 constexpr Language allLanguages[] = {Language::English, Language::Japanese, Language::Korean};
 
