@@ -38,18 +38,17 @@ void bringToFront(ViewerWindow& window) {
     window.activateWindow();
 }
 
-/// A list that lies over the text would hide where the pick leads.
-void hideList(QuorvaleBoxWidget& control) {
-    control.act([](Surface& surface) {
-        if (surface.lvFound.Visible()) surface.lvFound.UserKey(key_code::Escape, 0);
-    });
-}
-
 const std::shared_ptr<const ListRows>& rowsOf(ViewerWindow& window) {
     return window.control().box().Elements().lvFound.Rows();
 }
 
 }  // namespace
+
+void hideResults(QuorvaleBoxWidget& control) {
+    control.act([](Surface& surface) {
+        if (surface.lvFound.Visible()) surface.lvFound.UserKey(key_code::Escape, 0);
+    });
+}
 
 ResultWindows::ResultWindows(ViewerWindow& window) : QObject(&window), window_(window) {}
 
@@ -107,7 +106,7 @@ ViewerWindow* ResultWindows::newWindow(const QString& fileName) {
 }
 
 void ResultWindows::arrive(ViewerWindow& target, const PickedPlace& place) {
-    hideList(target.control());
+    hideResults(target.control());
     target.control().moveTo(place.Line, place.Column);
     target.control().setFocus();
     bringToFront(target);

@@ -12,6 +12,10 @@ namespace quorvale {
 class QuorvaleBoxWidget;
 class ViewerWindow;
 
+/// Closes the list of results, if there is one: it lies over the text, and would hide where a
+/// command leads.
+void hideResults(QuorvaleBoxWidget& control);
+
 /// Where the results of one window lead. A result in another file opens in the window that shows
 /// the file, or else in a window of its own; a window without a file shows it itself. From there
 /// the keys for the next and the previous result go on with the list that led there.

@@ -1,10 +1,12 @@
 #include "viewer/search_menu.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 
 #include "control/host_extras.h"
 #include "qt/live_surface.h"
+#include "viewer/result_windows.h"
 
 namespace quorvale {
 
@@ -33,16 +35,27 @@ SearchMenu::SearchMenu(QMenu& menu) : QObject(&menu) {
     add(tr("Pr&evious result"), QKeySequence(Qt::SHIFT | Qt::Key_F4),
         [this] { emit neighbourWanted(false); });
     menu.addSeparator();
-    add(tr("&Go to line..."), QKeySequence(Qt::CTRL | Qt::Key_G),
-        [this] { goTo(control_->liveSurface().tools().lineBox()); });
+    add(tr("&Go to line..."), QKeySequence(Qt::CTRL | Qt::Key_G), [this] {
+        hideResults(*control_);
+        goTo(control_->liveSurface().tools().lineBox());
+    });
 }
 
 void SearchMenu::setControl(QuorvaleBoxWidget& control) {
     control_ = &control;
+    control.liveSurface().tools().lineBox()->installEventFilter(this);
     control.box().Extras().Search().OnSearched =
         [this, alive = QPointer<SearchMenu>(this)](FindOutcome outcome) {
             if (alive != nullptr) tell(outcome);
         };
+}
+
+bool SearchMenu::eventFilter(QObject* watched, QEvent* event) {
+    const bool isEscape = event->type() == QEvent::KeyPress &&
+                          static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (!isEscape || control_ == nullptr) return QObject::eventFilter(watched, event);
+    control_->setFocus(Qt::OtherFocusReason);
+    return true;
 }
 
 void SearchMenu::goTo(QWidget* box) {
@@ -61,6 +74,7 @@ void SearchMenu::list(std::size_t (SearchExtras::*search)()) {
 }
 
 void SearchMenu::findAgain(FindDirection direction) {
+    hideResults(*control_);
     // The control tells how it ended; a menu may be gone by then.
     control_->box().Extras().Search().FindAgain(direction);
 }

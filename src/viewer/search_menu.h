@@ -28,6 +28,10 @@ signals:
     void neighbourWanted(bool next);
     void lastListWanted();
 
+protected:
+    /// Escape leads from the line box to the text: the control leaves that key to its host.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void goTo(QWidget* box);
     void list(std::size_t (SearchExtras::*search)());

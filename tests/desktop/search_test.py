@@ -132,6 +132,16 @@ class InTheDocument(Searching):
         self.press("alt+s", "t")
         self.listed(4)
 
+    def test_where_a_key_leads_is_not_hidden_by_the_list(self):
+        self.look_for("marker")
+        self.at_row(20)
+        for keys, row in ((["F3"], 120), (["shift+F3"], 20), (["ctrl+g", "7", "Return"], 7)):
+            self.press("ctrl+shift+f")
+            self.listed(4)
+            self.press(*keys)
+            self.at_row(row)
+            self.until("no list", lambda shown: "results" not in shown)
+
     def test_a_line_is_gone_to(self):
         self.press("ctrl+g")
         self.until("the line box", lambda shown: shown["focus"] == "line")
