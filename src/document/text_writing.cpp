@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "base/utf8.h"
 #include "document/encodings.h"
+#include "document/largest_file.h"
 
 namespace quorvale {
 

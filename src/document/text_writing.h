@@ -11,10 +11,6 @@
 
 namespace quorvale {
 
-/// The largest file, in bytes, that can be shown: the control appends CR LF to it, and the place
-/// behind that is a 31-bit number too.
-inline constexpr std::size_t mostFileBytes = 2147483647 - 3;
-
 /// Writes a text as bytes, piece by piece: the counterpart of reading a file. A character may be
 /// split between two pieces. Fails with InvalidValue for a character that the encoding has no
 /// bytes for, and with Overflow before more than `mostFileBytes` stand in the rope.

@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 
+#include "document/largest_file.h"
 #include "platform/encoding.h"
 #include "platform/files.h"
 #include "search/line_filter.h"
@@ -23,15 +24,12 @@ class FileScan {
 public:
     /// Small enough for what was read to be in the processor's cache when it is searched.
     static constexpr std::size_t UsualCapacity = std::size_t{1} << 18;
-    /// No document holds more bytes, and so no line: what is longer is the image of a disk or the
-    /// like, and must not take all memory.
-    static constexpr std::size_t LongestLine = (std::size_t{1} << 31) - 4;
-
     /// All of them must outlive this object. A line longer than the buffer gets a larger one; one
-    /// longer than `longestLine` ends the search of its file.
+    /// longer than `longestLine`, which no document could hold, ends the search of its file: it is
+    /// in the image of a disk or the like, and must not take all memory.
     FileScan(FileSystem& files, Encoding encoding, const LineQuery& query, ResultStore& store,
              SearchKernel kernel = BestSearchKernel(), std::size_t capacity = UsualCapacity,
-             std::size_t longestLine = LongestLine);
+             std::size_t longestLine = mostFileBytes);
 
     /// Told how many bytes of the file are done, and how many it has; false ends the search.
     using GoOn = std::function<bool(std::uint64_t done, std::uint64_t size)>;

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <system_error>
 
-#include "viewer/open_check.h"
+#include "document/largest_file.h"
 
 namespace quorvale {
 
@@ -126,7 +126,7 @@ void FileWalk::list(const Path& file) {
     const QString name = QString::fromStdString(file.native());
     const QFileInfo info(name);
     if (!info.isReadable()) return noteUnreadable(file);
-    if (info.size() > mostDocumentBytes) {
+    if (info.size() > qint64{mostFileBytes}) {
         ++found_.TooLarge;
         return;
     }

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "document/largest_file.h"
+
 namespace quorvale {
 
 namespace {
@@ -16,7 +18,7 @@ QString reasonOf(const QFileInfo& file) {
     if (file.isDir()) return tr("It is a directory.");
     if (!file.isFile()) return tr("It is a device or a pipe, not a file.");
     if (!file.isReadable()) return tr("You do not have permission to read it.");
-    if (file.size() > mostDocumentBytes) return tr("It is larger than 2 GiB.");
+    if (file.size() > qint64{mostFileBytes}) return tr("It is larger than 2 GiB.");
     return {};
 }
 

@@ -14,13 +14,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "document/largest_file.h"
 #include "qt/conversions.h"
 #include "support/without_privileges.h"
 #include "viewer/file_search.h"
 #include "viewer/file_walk.h"
 #include "viewer/in_files_dialog.h"
 #include "viewer/name_filter.h"
-#include "viewer/open_check.h"
 #include "viewer/viewer_window.h"
 
 using namespace quorvale;
@@ -228,9 +228,9 @@ void ViewerSearchTest::whatIsTooLargeToOpenIsCounted() {
     put("small.txt");
     // Without a block on the disk.
     QFile image(put("disk.img", ""));
-    QVERIFY(image.resize(mostDocumentBytes + 1));
+    QVERIFY(image.resize(qint64{mostFileBytes} + 1));
     QFile largest(put("largest.txt", ""));
-    QVERIFY(largest.resize(mostDocumentBytes));
+    QVERIFY(largest.resize(qint64{mostFileBytes}));
     const FoundFiles found = walk();
     QCOMPARE(relative(found), (QStringList{"largest.txt", "small.txt"}));
     QCOMPARE(found.TooLarge, 1);

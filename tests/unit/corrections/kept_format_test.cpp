@@ -89,29 +89,18 @@ TEST_F(KeptFormatTest, AByteOrderMarkStaysAtTheFront) {
     const std::u16string file = u"\uFEFFA\nB\n";
     rig.SetText(file);
     rig.Document.ReadAs = Encoding::Utf8;
+    const std::string mark = "\xEF\xBB\xBF";
     const auto committed = [&](std::initializer_list<Correction> corrections) {
         rig.Journal.RemoveAll();
         rig.Put(corrections);
         return rig.Corrected.FileBytes(true).Spans().Gathered();
     };
-    EXPECT_EQ(committed({}),
-              "\xEF\xBB\xBF"
-              "A\nB\n");
-    EXPECT_EQ(committed({{2, 1, u"X\n"}}),
-              "\xEF\xBB\xBF"
-              "A\nX\n");
-    EXPECT_EQ(committed({{1, 1, u"X\n"}}),
-              "\xEF\xBB\xBF"
-              "X\nB\n");
-    EXPECT_EQ(committed({{1, 1, u"\uFEFFX\n"}}),
-              "\xEF\xBB\xBF"
-              "X\nB\n");
-    EXPECT_EQ(committed({{1, 0, u"N\n"}}),
-              "\xEF\xBB\xBF"
-              "N\nA\nB\n");
-    EXPECT_EQ(committed({{1, 1, u""}}),
-              "\xEF\xBB\xBF"
-              "B\n");
+    EXPECT_EQ(committed({}), mark + "A\nB\n");
+    EXPECT_EQ(committed({{2, 1, u"X\n"}}), mark + "A\nX\n");
+    EXPECT_EQ(committed({{1, 1, u"X\n"}}), mark + "X\nB\n");
+    EXPECT_EQ(committed({{1, 1, u"\uFEFFX\n"}}), mark + "X\nB\n");
+    EXPECT_EQ(committed({{1, 0, u"N\n"}}), mark + "N\nA\nB\n");
+    EXPECT_EQ(committed({{1, 1, u""}}), mark + "B\n");
 }
 
 }  // namespace
