@@ -72,6 +72,8 @@ class Newcomer(ViewerCase):
         self.home.mkdir(exist_ok=True)
         # What each command said when it was run last.
         self.before = {}
+        # Each command's output is a file of its own.
+        self.outputs, self.output = 0, None
         self.groups = []
         self.addCleanup(self.end_all)
         # Variables that the page sets stay set, as in one terminal.
@@ -95,7 +97,10 @@ class Newcomer(ViewerCase):
         if command.text.startswith("./run"):
             self.dump.unlink(missing_ok=True)
             self.checkout.closed.unlink(missing_ok=True)
-        with open("output", "w+", encoding="utf-8") as output:
+        # A program in the background may speak up, as the sanitizers do, while the next command runs already.
+        self.outputs += 1
+        self.output = Path(f"output {self.outputs}")
+        with open(self.output, "w+", encoding="utf-8") as output:
             shell = subprocess.Popen(
                 ["bash", "-c", command.text], cwd=self.place, stdin=subprocess.DEVNULL,
                 stdout=output, stderr=subprocess.STDOUT, start_new_session=True,
@@ -143,7 +148,7 @@ class Newcomer(ViewerCase):
         try:
             self.window = wait_for("a window", lambda: self.windows("^(crossing.log|hello)"))[0]
         except AssertionError as error:
-            raise AssertionError(f"{error}; {Path('output').read_text(encoding='utf-8')}") from None
+            raise AssertionError(f"{error}; {self.output.read_text(encoding='utf-8')}") from None
         self.activate()
         if self.windows("^crossing.log"):
             self.until("the focus in the text", lambda shown: shown["focus"] == "text")
@@ -238,6 +243,16 @@ SIGHTS = {
     "the window `(.+)` is open": lambda user, title: user.see_window(title, True),
     "the window `(.+)` is gone": lambda user, title: user.see_window(title, False),
 }
+
+
+class ProgramsInTheBackground(Newcomer):
+    def test_what_they_say_late_is_not_in_the_next_commands_output(self):
+        waiting = "until [ -e {} ]; do sleep 0.01; done"
+        talker = f"{{ {waiting.format('go')}; echo late; touch said; }} &"
+        meanwhile = f"printf x; touch go; {waiting.format('said')}"
+        self.run_command(page.Command(1, talker, ""))
+        self.run_command(page.Command(2, meanwhile, 'shows "x"'))
+        self.assertEqual(self.output.read_text(encoding="utf-8"), "x")
 
 
 class FirstMinutes(Newcomer):
