@@ -54,14 +54,18 @@ FileScan::End FileScan::SearchStream(ReadStream& stream, const GoOn& goOn) {
         const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(room, size - done));
         auto got = stream.Read(reinterpret_cast<std::byte*>(buffer_.get() + kept_), wanted);
         if (!got || *got > wanted) return End::Done;
+        const bool isFirst = done == 0;
         // A file that has become shorter ends here.
         done = *got < wanted ? size : done + wanted;
         const std::size_t filled = kept_ + *got;
         const std::size_t whole = done == size ? filled : WholeLines(filled);
         const std::span<const std::uint8_t> lines(buffer_.get(), whole);
-        if (!Judge(lines)) return End::NotUtf8;
-        const auto behind = SearchLines(lines);
-        if (done < size) CountLines(behind);
+        const std::size_t from = isFirst && done == size ? FirstThatMayMatch(lines) : 0;
+        if (from < lines.size()) {
+            if (!Judge(lines)) return End::NotUtf8;
+            const auto behind = SearchLines(lines, from);
+            if (done < size) CountLines(behind);
+        }
         kept_ = filled - whole;
         if (whole > 0) std::memmove(buffer_.get(), buffer_.get() + whole, kept_);
         if (!goOn(done, size)) return End::Stopped;
@@ -110,18 +114,32 @@ bool FileScan::Judge(std::span<const std::uint8_t> lines) {
 const LineFilter& FileScan::FilterFor(std::span<const std::uint8_t> lines) {
     // A letter beyond ASCII may count as the same as one within: not where there is none.
     const LineForm form = linesAreAscii_ && form_ == LineForm::Utf8 ? LineForm::SingleByte : form_;
-    const bool tabs = asksForBlanks_ && FindByte(lines, '\t') != lines.size();
+    return FilterFor(form, asksForBlanks_ && FindByte(lines, '\t') != lines.size());
+}
+
+const LineFilter& FileScan::FilterFor(LineForm form, bool tabs) {
     auto& filter = filters_[static_cast<std::size_t>(form)][tabs ? 1 : 0];
     if (!filter) filter.emplace(query_, form, tabs, kernel_);
     return *filter;
 }
 
-/// Returns the bytes whose lines are not counted yet: those from the last match on.
-std::span<const std::uint8_t> FileScan::SearchLines(std::span<const std::uint8_t> lines) {
+/// Where the first line begins that may match, of a file that is in the buffer from its first byte
+/// to its last, as most files are: what has no such line need not be looked at more closely.
+std::size_t FileScan::FirstThatMayMatch(std::span<const std::uint8_t> lines) {
+    const LineFilter& filter = FilterFor(form_, asksForBlanks_);
+    if (judging_ && !filter.CoversSingleBytes()) return 0;
+    const LineFilter::Hit hit = filter.Next(lines, 0);
+    if (hit.Place == LineFilter::Nowhere) return lines.size();
+    return BehindLastLineFeed(lines.first(hit.Place));
+}
+
+/// Searches from a place where a line begins. Returns the bytes whose lines are not counted yet:
+/// those from the last match on.
+std::span<const std::uint8_t> FileScan::SearchLines(std::span<const std::uint8_t> lines,
+                                                    std::size_t from) {
     const LineFilter& filter = FilterFor(lines);
     linesArePlain_.reset();
     std::size_t counted = 0;
-    std::size_t from = 0;
     while (true) {
         const LineFilter::Hit hit = filter.Next(lines, from);
         if (hit.Place == LineFilter::Nowhere) break;

@@ -49,7 +49,10 @@ private:
     void TakeForSingleBytes();
     bool Judge(std::span<const std::uint8_t> lines);
     const LineFilter& FilterFor(std::span<const std::uint8_t> lines);
-    std::span<const std::uint8_t> SearchLines(std::span<const std::uint8_t> lines);
+    const LineFilter& FilterFor(LineForm form, bool tabs);
+    std::size_t FirstThatMayMatch(std::span<const std::uint8_t> lines);
+    std::span<const std::uint8_t> SearchLines(std::span<const std::uint8_t> lines,
+                                              std::size_t from);
     bool IsPlain(std::span<const std::uint8_t> line, std::span<const std::uint8_t> lines);
     std::int32_t PositionIn(std::span<const std::uint8_t> line,
                             std::span<const std::uint8_t> lines);

@@ -25,6 +25,11 @@ std::array<char16_t, 256> KeysOfBytes(LineForm form, const UnitKeys& keys) {
     return ofBytes;
 }
 
+/// Whether some unit from U+0080 to U+00FF has the key: alone a byte, in UTF-8 two.
+bool IsOfHighByte(char16_t key, const UnitKeys& keys) {
+    return std::find(keys.begin() + 0x80, keys.begin() + 0x100, key) != keys.begin() + 0x100;
+}
+
 /// The UTF-8 forms of all units that have the key.
 std::vector<std::string> Utf8FormsOf(char16_t key, const UnitKeys& keys) {
     std::vector<std::string> forms;
@@ -47,6 +52,7 @@ public:
             const char16_t key = run[at];
             // The text of a line has neither.
             if (key == u'\t' || key == u'\n') nothingMatches_ = true;
+            if (IsOfHighByte(key, keys_)) coversSingleBytes_ = false;
             // The last one of a line is not part of its text.
             if (key == u'\r') isWhole_ = false;
             if (key == u' ' && tabs_) {
@@ -63,6 +69,7 @@ public:
     }
 
     bool NothingMatches() const { return nothingMatches_; }
+    bool CoversSingleBytes() const { return coversSingleBytes_; }
     /// Whether nothing but what was added fits the sequences.
     bool IsWhole() const {
         const auto exact = [](const ByteNeedle& needle) { return needle.IsExact(); };
@@ -131,6 +138,7 @@ private:
     std::vector<ByteNeedle> ended_;
     bool nothingMatches_ = false;
     bool isWhole_ = true;
+    bool coversSingleBytes_ = true;
 };
 
 LineFilter::LineFilter(const LineQuery& query, LineForm form, bool tabs, SearchKernel kernel)
@@ -138,6 +146,7 @@ LineFilter::LineFilter(const LineQuery& query, LineForm form, bool tabs, SearchK
     Sequences sequences(query.Keys(), form, tabs);
     for (const std::u16string& run : query.Literals()) sequences.Add(run);
     nothingMatches_ = sequences.NothingMatches();
+    coversSingleBytes_ = form == LineForm::Utf8 && sequences.CoversSingleBytes();
     needlesAreAll_ = query.AsksForLiteralsOnly() && sequences.IsWhole();
     needles_ = sequences.Take();
 }

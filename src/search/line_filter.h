@@ -31,6 +31,9 @@ public:
     /// The first line that may match among those from `from` on, where a line begins.
     Hit Next(std::span<const std::uint8_t> bytes, std::size_t from) const;
 
+    /// For UTF-8: whether it passes over no line that may match where each byte is a unit, either.
+    bool CoversSingleBytes() const { return coversSingleBytes_; }
+
 private:
     class Sequences;
 
@@ -40,6 +43,7 @@ private:
     bool nothingMatches_ = false;
     /// A line that has all the needles, in their order, matches; otherwise it may match then.
     bool needlesAreAll_ = false;
+    bool coversSingleBytes_ = false;
     std::vector<ByteNeedle> needles_;
 };
 
