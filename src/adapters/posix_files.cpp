@@ -109,7 +109,6 @@ auto PosixFiles::Guarded(std::u16string_view name, Action action)
         return FileFailure{"open", std::u16string(name), "The name holds a NUL character"};
     }
     const auto attempt = [&]() -> Result {
-        const FileSizeSignalBlocked blocked;
         try {
             return action();
         } catch (const SystemError& error) {
@@ -124,6 +123,15 @@ auto PosixFiles::Guarded(std::u16string_view name, Action action)
         if (handler) handler(notice);
     }
     return result;
+}
+
+template <class Action>
+auto PosixFiles::GuardedWriting(std::u16string_view name, Action action)
+    -> FileResult<decltype(action())> {
+    return Guarded(name, [&] {
+        const FileSizeSignalBlocked blocked;
+        return action();
+    });
 }
 
 FileResult<std::unique_ptr<ReadStream>> PosixFiles::OpenForReading(std::u16string_view name) {
@@ -172,21 +180,21 @@ FileResult<std::unique_ptr<ReadStream>> PosixFiles::OpenJournalForReading(
 }
 
 FileResult<Done> PosixFiles::SaveJournal(const JournalPlace& journal, std::string_view bytes) {
-    return Guarded(journal.Name, [&] {
+    return GuardedWriting(journal.Name, [&] {
         SaveJournalFile(*context_, journal, bytes);
         return Done{};
     });
 }
 
 FileResult<Done> PosixFiles::DeleteJournal(const JournalPlace& journal, bool force) {
-    return Guarded(journal.Name, [&] {
+    return GuardedWriting(journal.Name, [&] {
         DeleteJournalFile(*context_, journal, force);
         return Done{};
     });
 }
 
 FileResult<Done> PosixFiles::ReplaceDocument(const Replacement& replacement) {
-    return Guarded(replacement.Document, [&] {
+    return GuardedWriting(replacement.Document, [&] {
         Replace(replacement);
         return Done{};
     });
@@ -212,7 +220,7 @@ void PosixFiles::Replace(const Replacement& replacement) {
 }
 
 FileResult<Done> PosixFiles::RemoveSpentJournal(const Replacement& replacement) {
-    return Guarded(replacement.Document, [&] {
+    return GuardedWriting(replacement.Document, [&] {
         const LocatedFile document = Locate(*context_, PathOf(replacement.Document));
         const auto site = FindSite(*context_, replacement.Journal);
         FinishReplacement(document, PointerTo(site));
@@ -222,7 +230,7 @@ FileResult<Done> PosixFiles::RemoveSpentJournal(const Replacement& replacement) 
 
 FileResult<JournalStanding> PosixFiles::Recover(std::u16string_view document,
                                                 std::u16string_view journal) {
-    return Guarded(document, [&] { return RecoverDocument(document, journal); });
+    return GuardedWriting(document, [&] { return RecoverDocument(document, journal); });
 }
 
 FileResult<Interruption> PosixFiles::FindInterruption(std::u16string_view document) {
@@ -240,14 +248,14 @@ FileResult<std::optional<JournalStatus>> PosixFiles::FindJournal(std::u16string_
 }
 
 FileResult<Done> PosixFiles::MoveJournalAside(std::u16string_view journal) {
-    return Guarded(journal, [&] {
+    return GuardedWriting(journal, [&] {
         MoveJournalFileAside(SiteOf(*context_, PathOf(journal)));
         return Done{};
     });
 }
 
 FileResult<Done> PosixFiles::CopyJournalAside(std::u16string_view journal) {
-    return Guarded(journal, [&] {
+    return GuardedWriting(journal, [&] {
         CopyJournalFileAside(SiteOf(*context_, PathOf(journal)));
         return Done{};
     });

@@ -60,6 +60,8 @@ public:
 private:
     template <class Action>
     auto Guarded(std::u16string_view name, Action action) -> FileResult<decltype(action())>;
+    template <class Action>
+    auto GuardedWriting(std::u16string_view name, Action action) -> FileResult<decltype(action())>;
     void Replace(const Replacement& replacement);
     JournalStanding RecoverDocument(std::u16string_view document, std::u16string_view journal);
 
