@@ -170,7 +170,8 @@ class Appearance(ViewerCase):
             if entry["text"]:
                 with self.subTest(entry=entry["text"]):
                     self.assertGreaterEqual(picture.text_contrast(*place), LEAST_CONTRAST)
-        self.press("Escape", "Escape")
+        self.press_until("Escape", "the keys in the text",
+                         lambda shown: "popupPlace" not in shown and shown["keysAt"] == "rows")
 
     def look_at(self, language, scale, look):
         self.show(language, scale, look)

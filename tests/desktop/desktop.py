@@ -109,7 +109,7 @@ class ViewerCase(unittest.TestCase):
 
     def press(self, *keys):
         for key in keys:
-            tool("xdotool", "key", "--clearmodifiers", key)
+            subprocess.run(["xdotool", "key", "--clearmodifiers", key], check=True)
 
     def press_until(self, key, what, condition):
         """A menu or a dialog takes the keys once it is open, which nobody tells: a key that was not
