@@ -180,7 +180,6 @@ void ToolStrip::placeEntries() {
     }
 }
 
-// The boxes and buttons leave the key to us: it leads back to the text.
 // From a button the keys go back to the text. What Escape does in a box is the box's affair.
 void ToolStrip::keyPressEvent(QKeyEvent* event) {
     const bool isTyping = qobject_cast<QLineEdit*>(focusWidget()) != nullptr;
