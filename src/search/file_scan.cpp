@@ -99,6 +99,8 @@ void FileScan::TakeForSingleBytes() {
 
 /// False when the file is not what lines in front of these were taken for.
 bool FileScan::Judge(std::span<const std::uint8_t> lines) {
+    linesHaveTabs_.reset();
+    linesArePlain_.reset();
     linesAreAscii_ = form_ != LineForm::Utf8 || IsAscii(lines);
     if (linesAreAscii_ || !judging_) return true;
     if (ValidUtf8Prefix(lines).Valid == lines.size()) {
@@ -114,7 +116,7 @@ bool FileScan::Judge(std::span<const std::uint8_t> lines) {
 const LineFilter& FileScan::FilterFor(std::span<const std::uint8_t> lines) {
     // A letter beyond ASCII may count as the same as one within: not where there is none.
     const LineForm form = linesAreAscii_ && form_ == LineForm::Utf8 ? LineForm::SingleByte : form_;
-    return FilterFor(form, asksForBlanks_ && FindByte(lines, '\t') != lines.size());
+    return FilterFor(form, asksForBlanks_ && HaveTabs(lines));
 }
 
 const LineFilter& FileScan::FilterFor(LineForm form, bool tabs) {
@@ -138,7 +140,6 @@ std::size_t FileScan::FirstThatMayMatch(std::span<const std::uint8_t> lines) {
 std::span<const std::uint8_t> FileScan::SearchLines(std::span<const std::uint8_t> lines,
                                                     std::size_t from) {
     const LineFilter& filter = FilterFor(lines);
-    linesArePlain_.reset();
     std::size_t counted = 0;
     while (true) {
         const LineFilter::Hit hit = filter.Next(lines, from);
@@ -161,10 +162,20 @@ std::span<const std::uint8_t> FileScan::SearchLines(std::span<const std::uint8_t
     return lines.subspan(counted);
 }
 
+bool FileScan::HaveTabs(std::span<const std::uint8_t> lines) {
+    if (!linesHaveTabs_) linesHaveTabs_ = FindByte(lines, '\t') != lines.size();
+    return *linesHaveTabs_;
+}
+
+bool FileScan::HaveUnitPerByte(std::span<const std::uint8_t> lines) const {
+    if (form_ == LineForm::Utf8) return linesAreAscii_;
+    return form_ == LineForm::SingleByte || IsAscii(lines);
+}
+
 /// Whether each byte of these is the unit of its number in the text. Most files have no line of
 /// another kind, and that is found out for many lines at once.
 bool FileScan::IsPlain(std::span<const std::uint8_t> line, std::span<const std::uint8_t> lines) {
-    if (!linesArePlain_) linesArePlain_ = IsPlainLine(lines, form_);
+    if (!linesArePlain_) linesArePlain_ = !HaveTabs(lines) && HaveUnitPerByte(lines);
     return *linesArePlain_ || IsPlainLine(line, form_);
 }
 

@@ -50,6 +50,8 @@ private:
     bool Judge(std::span<const std::uint8_t> lines);
     const LineFilter& FilterFor(std::span<const std::uint8_t> lines);
     const LineFilter& FilterFor(LineForm form, bool tabs);
+    bool HaveTabs(std::span<const std::uint8_t> lines);
+    bool HaveUnitPerByte(std::span<const std::uint8_t> lines) const;
     std::size_t FirstThatMayMatch(std::span<const std::uint8_t> lines);
     std::span<const std::uint8_t> SearchLines(std::span<const std::uint8_t> lines,
                                               std::size_t from);
@@ -84,8 +86,9 @@ private:
     bool judging_ = false;
     /// Some line that was searched had a byte of 0x80 or more.
     bool beyondAscii_ = false;
-    /// Of the lines in the buffer.
+    /// Of the lines in the buffer: what was found out about them so far.
     bool linesAreAscii_ = false;
+    std::optional<bool> linesHaveTabs_;
     std::optional<bool> linesArePlain_;
     Line line_{1};
 };
