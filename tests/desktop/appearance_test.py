@@ -138,8 +138,8 @@ class Appearance(ViewerCase):
                                    shown["rowHeight"] - 2)
             with self.subTest(edited=line):
                 self.assertGreaterEqual(picture.text_contrast(*place), LEAST_CONTRAST)
-        self.press("Escape")
-        self.until("no editor", lambda shown: "editor" not in shown and shown["focus"] == "text")
+        self.press_until("Escape", "no editor",
+                         lambda shown: "editor" not in shown and shown["keysAt"] == "rows")
 
     def check_results(self, name):
         self.press("ctrl+f")
@@ -155,8 +155,8 @@ class Appearance(ViewerCase):
             place = self.in_pixels(30, at - shown["rowHeight"] / 2 + 1, 320, shown["rowHeight"] - 2)
             with self.subTest(result=result["text"]):
                 self.assertGreaterEqual(picture.text_contrast(*place), LEAST_CONTRAST)
-        self.press("Escape")
-        self.until("no list", lambda shown: "results" not in shown and shown["focus"] == "text")
+        self.press_until("Escape", "no list",
+                         lambda shown: "results" not in shown and shown["keysAt"] == "rows")
 
     def check_menu(self, name):
         self.press("alt+v")
