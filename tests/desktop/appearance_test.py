@@ -86,13 +86,18 @@ class Appearance(ViewerCase):
         return tool("import", "-window", window, "-crop",
                     f"5000x5000+{right_of_it[0]}+0", "-depth", "8", "rgb:-")
 
-    def take(self, name, window):
-        """A picture of what is painted once it stays the same."""
+    def take(self, name, window, written=()):
+        """A picture of what is painted once it stays the same and something is written at these
+        places: what is told to be there may not be painted yet."""
+        file = Path(os.environ.get("KEPT_PICTURES", ".")) / f"{name}.png"
         def settled():
             painted = self.painted(window)
-            return painted and painted == self.painted(window)
-        wait_for("a picture that stays", settled)
-        return Picture(Path(os.environ.get("KEPT_PICTURES", ".")) / f"{name}.png", window)
+            if not painted or painted != self.painted(window):
+                return None
+            picture = Picture(file, window)
+            is_written = all(picture.text_contrast(*place) > 1 for place in written)
+            return picture if is_written else None
+        return wait_for("a picture that stays", settled)
 
     def check_rows(self, picture):
         shown = self.shown()
@@ -149,27 +154,29 @@ class Appearance(ViewerCase):
         self.press("ctrl+shift+f")
         shown = self.until("the list", lambda shown: shown.get("results") == 4 and
                            len(shown["seenResults"]) == 4 and shown["focus"] == "found")
-        picture = self.take(name, self.window)
+        places = {}
         for result in shown["seenResults"]:
             at = shown["above"] + result["at"][1]
-            place = self.in_pixels(30, at - shown["rowHeight"] / 2 + 1, 320, shown["rowHeight"] - 2)
-            with self.subTest(result=result["text"]):
-                self.assertGreaterEqual(picture.text_contrast(*place), LEAST_CONTRAST)
+            places[result["file"] + result["text"]] = self.in_pixels(
+                30, at - shown["rowHeight"] / 2 + 1, 320, shown["rowHeight"] - 2)
+        self.check_places_of_texts(self.take(name, self.window, places.values()), places)
         self.press_until("Escape", "no list",
                          lambda shown: "results" not in shown and shown["keysAt"] == "rows")
+
+    def check_places_of_texts(self, picture, places):
+        for text, place in places.items():
+            with self.subTest(text=text):
+                self.assertGreaterEqual(picture.text_contrast(*place), LEAST_CONTRAST)
 
     def check_menu(self, name):
         self.press("alt+v")
         shown = self.until("the menu", lambda shown: shown.get("popupPlace"))
-        picture = self.take(name, "root")
         width, height = shown["popupPlace"][2:]
         self.assertGreaterEqual(width, shown["popupNeeds"][0])
         self.assertGreaterEqual(height, shown["popupNeeds"][1])
-        for entry in shown["popupEntries"]:
-            place = self.in_pixels(*entry["place"])
-            if entry["text"]:
-                with self.subTest(entry=entry["text"]):
-                    self.assertGreaterEqual(picture.text_contrast(*place), LEAST_CONTRAST)
+        places = {entry["text"]: self.in_pixels(*entry["place"])
+                  for entry in shown["popupEntries"] if entry["text"]}
+        self.check_places_of_texts(self.take(name, "root", places.values()), places)
         self.press_until("Escape", "the keys in the text",
                          lambda shown: "popupPlace" not in shown and shown["keysAt"] == "rows")
 

@@ -60,11 +60,11 @@ class ViewerCase(unittest.TestCase):
         return tool("xdotool", "search", "--onlyvisible", "--name", title).decode().split()
 
     def activate(self):
-        """The window gets the keys."""
-        def is_active():
-            tool("xdotool", "windowactivate", self.window)
-            return tool("xdotool", "getactivewindow").strip().decode() == self.window
-        wait_for("the focus", is_active)
+        """The window gets the keys. A window manager that is asked again and again gives them again
+        and again, in the middle of what comes next."""
+        self.repeat_until(
+            lambda: tool("xdotool", "windowactivate", self.window), "the focus",
+            lambda _: tool("xdotool", "getactivewindow").strip().decode() == self.window)
 
     def shown(self):
         """What the viewer shows; nothing before it has said so."""
@@ -73,17 +73,19 @@ class ViewerCase(unittest.TestCase):
         except (FileNotFoundError, json.JSONDecodeError):
             return {}
 
+    def met(self, condition):
+        """What is shown, if it answers the condition."""
+        shown = self.shown()
+        try:
+            return shown if shown and condition(shown) else None
+        except (IndexError, KeyError, TypeError):
+            # What is asked for is not there yet: between two documents there are few rows.
+            return None
+
     def until(self, what, condition, seconds=30):
         """Waits until what is shown answers the condition, and returns it."""
-        def met():
-            shown = self.shown()
-            try:
-                return shown if shown and condition(shown) else None
-            except (IndexError, KeyError, TypeError):
-                # What is asked for is not there yet: between two documents there are few rows.
-                return None
         try:
-            return wait_for(what, met, seconds)
+            return wait_for(what, lambda: self.met(condition), seconds)
         except AssertionError as error:
             shown = self.shown()
             shown["rows"] = shown.get("rows", [])[:3]
@@ -114,16 +116,19 @@ class ViewerCase(unittest.TestCase):
     def press_until(self, key, what, condition):
         """A menu or a dialog takes the keys once it is open, which nobody tells: a key that was not
         heard is pressed again, but not while the answer to it may still come."""
+        self.repeat_until(lambda: self.press(key), what, condition)
+
+    def repeat_until(self, act, what, condition):
+        """Acts, and again each second, until what is shown answers the condition."""
         again = 0
-        def met():
+        def acted():
             nonlocal again
-            if condition(self.shown()):
-                return True
-            if time.monotonic() >= again:
-                self.press(key)
+            shown = self.met(condition)
+            if not shown and time.monotonic() >= again:
+                act()
                 again = time.monotonic() + 1
-            return False
-        wait_for(what, met)
+            return shown
+        return wait_for(what, acted)
 
     def click(self, button="1", modifier=None):
         if modifier:

@@ -275,6 +275,7 @@ class KeyboardOnly(ViewerCase):
         self.start_on_file()
         self.assertIn("Ctrl+M", self.popup(["F1"]))
         self.press_until("Escape", "the dialog to close", lambda shown: not shown.get("popup"))
+        self.until("the keys in the text", lambda shown: shown["keysAt"] == "rows")
         self.pick(["alt+h"], "a")
         self.until("the program", lambda shown: "MIT" in shown.get("popup", ""))
         self.press_until("Escape", "the box to close", lambda shown: not shown.get("popup"))

@@ -16,13 +16,14 @@ from searching import Searching
 class InFiles(Searching):
     def ask(self):
         self.press("alt+s", "i")
-        return self.until("the dialog", lambda shown: shown["dialog"]["title"] == "Search in files"
-                          )["dialog"]
+        # It is there a moment before it has the keys.
+        return self.until("the dialog", lambda shown: shown["popup"] and
+                          shown["dialog"]["title"] == "Search in files")["dialog"]
 
     def fill(self, key, name, text):
         """Puts a text into a field that has a key of its own, as one types a text."""
-        self.press(f"alt+{key}")
-        self.until(f"the field {name}", lambda shown: shown["dialog"]["focus"] == name)
+        self.press_until(f"alt+{key}", f"the field {name}",
+                         lambda shown: shown["dialog"]["focus"] == name)
         self.press("ctrl+a")
         self.type(text)
         self.until(f"{text!r} in it", lambda shown: shown["dialog"][name] == text)

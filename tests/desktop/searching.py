@@ -72,7 +72,7 @@ class Searching(ViewerCase):
         """The list with so many rows, the ways back among them, and the keys."""
         return self.until(f"a list of {count}", lambda shown: shown["results"] == count and
                           len(shown["seenResults"]) == min(count, len(shown["seenResults"])) > 0 and
-                          shown["focus"] == "found")
+                          shown["focus"] == "found" and shown["keysAt"] == "lvFound")
 
     def result(self, row):
         return self.shown()["seenResults"][row]
@@ -83,7 +83,7 @@ class Searching(ViewerCase):
 
     def hidden(self):
         return self.until("no list", lambda shown: "results" not in shown and
-                          shown["focus"] == "text")
+                          shown["focus"] == "text" and shown["keysAt"] == "rows")
 
     def pick_in_find_menu(self, entry, picture=None):
         self.point_at(*self.shown()["find"]["menuAt"])
