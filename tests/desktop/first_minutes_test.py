@@ -46,7 +46,7 @@ class Checkout:
         (release / "cmake_install.cmake").symlink_to(BUILD / "cmake_install.cmake")
         self.script("build/release/bin/quorvale-viewer",
                     f"{shlex.quote(desktop.VIEWER)} --dump-elements {shlex.quote(str(dump))} \"$@\"",
-                    f"echo $? > {shlex.quote(str(self.closed))}")
+                    "echo $? > closing", f"mv closing {shlex.quote(str(self.closed))}")
         (release / "bin/example_host_test").symlink_to(BUILD / "bin/example_host_test")
         (place / "build/test").mkdir()
         (place / "build/test/CTestTestfile.cmake").write_text(
@@ -104,7 +104,8 @@ class Newcomer(ViewerCase):
             shell = subprocess.Popen(
                 ["bash", "-c", command.text], cwd=self.place, stdin=subprocess.DEVNULL,
                 stdout=output, stderr=subprocess.STDOUT, start_new_session=True,
-                env=os.environ | self.variables)
+                env={name: value for name, value in os.environ.items()
+                     if name != "QT_QPA_PLATFORM"} | self.variables)
             self.groups.append(shell.pid)
             code = shell.wait(timeout=240)
             output.seek(0)
