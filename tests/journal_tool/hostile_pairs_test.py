@@ -271,10 +271,17 @@ def main(arguments):
     first = int(arguments[3]) if len(arguments) > 3 else 0
     count = int(arguments[4]) if len(arguments) > 4 else 400
     give_up_privileges()
-    # In memory, where there is such a place: thousands of files come and go.
-    memory = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
-    with tempfile.TemporaryDirectory(dir=memory) as place:
+    with tempfile.TemporaryDirectory(dir=folder_in_memory()) as place:
         run_all(Checks(arguments[1], arguments[2], place), first, count)
+
+
+def folder_in_memory():
+    """None where there is no such place, or a small one: thousands of files come and go, some large."""
+    memory, needed = "/dev/shm", 512 << 20
+    if not os.access(memory, os.W_OK):
+        return None
+    room = os.statvfs(memory)
+    return memory if room.f_bavail * room.f_frsize >= needed else None
 
 
 def run_all(checks, first, count):
