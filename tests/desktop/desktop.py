@@ -115,8 +115,8 @@ class ViewerCase(unittest.TestCase):
 
     def press_until(self, key, what, condition):
         """A menu or a dialog takes the keys once it is open, which nobody tells: a key that was not
-        heard is pressed again, but not while the answer to it may still come."""
-        self.repeat_until(lambda: self.press(key), what, condition)
+        heard is pressed again, but not while the answer to it may still come. Returns what is shown."""
+        return self.repeat_until(lambda: self.press(key), what, condition)
 
     def repeat_until(self, act, what, condition):
         """Acts, and again each second, until what is shown answers the condition."""

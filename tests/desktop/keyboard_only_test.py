@@ -35,8 +35,9 @@ class KeyboardOnly(ViewerCase):
 
     def popup(self, keys):
         """Opens what these keys open over the window."""
-        self.press(*keys)
-        return self.until("a menu or a dialog", lambda shown: shown.get("popup"))["popup"]
+        self.press(*keys[:-1])
+        return self.press_until(keys[-1], "a menu or a dialog",
+                                lambda shown: shown.get("popup"))["popup"]
 
     def pick(self, keys, entry):
         self.popup(keys)

@@ -208,8 +208,8 @@ class InFiles(Searching):
         folder = self.folder / "many"
         folder.mkdir()
         whole = folder / "00000.txt"
-        whole.write_bytes(b"marker\n" + b"nothing of interest in this line\n" * 30_000)
-        # The same megabyte over and over: the search is long on any machine, the disk stays empty.
+        whole.write_bytes(b"marker\n" + b"nothing of interest in this line\n" * 120_000)
+        # The same megabytes over and over: the search is long on any machine, the disk stays empty.
         for number in range(1, 20_000):
             os.link(whole, folder / f"{number:05}.txt")
         self.show()
