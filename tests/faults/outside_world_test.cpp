@@ -14,14 +14,13 @@
 #include <cstdio>
 #include <string>
 
+#include "support/without_privileges.h"
 #include "workshop.h"
 
 namespace quorvale {
 namespace {
 
 constexpr uid_t nobody = 65534;
-
-bool IsRoot() { return geteuid() == 0; }
 
 /// The exit codes of the processes that the tests below run in.
 enum Outcome { AsItShouldBe = 0, NotPossibleHere = 1, Wrong = 2 };
@@ -32,6 +31,7 @@ protected:
     OutsideWorld() {
         shop_.Reset();
         fs::permissions(shop_.Place.Path(), fs::perms::all);
+        mayGiveAway_ = MayGiveAway(shop_.Named(), nobody, nobody);
     }
 
     template <class Action>
@@ -44,14 +44,14 @@ protected:
         return WIFEXITED(status) ? static_cast<Outcome>(WEXITSTATUS(status)) : Wrong;
     }
 
-    /// A user who has no say over the files of others; as root that is nobody, else ourselves.
+    /// A user who has no say over the files of others: whom files can be given to, else ourselves.
     bool DropRights() {
-        return !IsRoot() ||
-               (setgroups(0, nullptr) == 0 && setgid(nobody) == 0 && setuid(nobody) == 0);
+        if (!mayGiveAway_) return DropPrivileges();
+        return setgroups(0, nullptr) == 0 && setgid(nobody) == 0 && setuid(nobody) == 0;
     }
 
     void GiveTo(const fs::path& path) {
-        if (IsRoot()) {
+        if (mayGiveAway_) {
             ASSERT_EQ(chown(path.c_str(), nobody, nobody), 0);
         }
     }
@@ -85,6 +85,7 @@ protected:
     }
 
     Workshop shop_;
+    bool mayGiveAway_ = false;
 };
 
 TEST_F(OutsideWorld, AFullDisk) {
@@ -274,7 +275,7 @@ TEST_F(OutsideWorld, AFileThatMayNotBeWrittenIsNotReplaced) {
 }
 
 TEST_F(OutsideWorld, AnotherOwnersFileInASharedFolderKeepsItsOwner) {
-    if (IsRoot()) {
+    if (mayGiveAway_) {
         fs::permissions(shop_.Named(), fs::perms(0666));
         fs::permissions(shop_.Root / "here", fs::perms(01777));
         fs::remove(shop_.JournalPath());

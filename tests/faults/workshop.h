@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -31,6 +32,15 @@ inline std::optional<std::string> BytesOf(const fs::path& path) {
     std::ifstream file(path, std::ios::binary);
     if (!file) return std::nullopt;
     return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+/// Whether this process may make files those of others. Not every root may: one in a container may
+/// have lost that right, or know no other users.
+inline bool MayGiveAway(const fs::path& file, uid_t user, gid_t group) {
+    FileStatus before{};
+    if (stat(file.c_str(), &before) != 0) return false;
+    return chown(file.c_str(), user, group) == 0 &&
+           chown(file.c_str(), before.st_uid, before.st_gid) == 0;
 }
 
 /// Lines of a number each, from `first` on.
