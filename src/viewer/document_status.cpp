@@ -1,6 +1,5 @@
 #include "viewer/document_status.h"
 
-#include <QFileInfo>
 #include <QLabel>
 #include <QLocale>
 #include <QStatusBar>
@@ -8,6 +7,7 @@
 
 #include "control/host_corrections.h"
 #include "control/host_extras.h"
+#include "viewer/file_names.h"
 
 namespace quorvale {
 
@@ -54,7 +54,7 @@ void DocumentStatus::show(QuorvaleBoxWidget& control, const QString& fileName) {
     control_ = &control;
     const bool shown = !fileName.isEmpty();
     lines_->setText(shown ? inWords(control.box().LineCount()) : QString());
-    size_->setText(shown ? QLocale().formattedDataSize(QFileInfo(fileName).size()) : QString());
+    size_->setText(shown ? QLocale().formattedDataSize(sizeOf(fileName)) : QString());
     encoding_->setText(shown ? inWords(control.box().Extras().FileEncoding()) : QString());
     changesShown_ = 0;
     showPending();

@@ -1,6 +1,5 @@
 #include "viewer/file_search.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QPointer>
@@ -11,6 +10,7 @@
 #include "qt/conversions.h"
 #include "resources/string_table.h"
 #include "resources/text_ids.h"
+#include "viewer/file_names.h"
 #include "viewer/viewer_settings.h"
 #include "viewer/viewer_window.h"
 
@@ -58,10 +58,10 @@ QString leftOutInWords(const FoundFiles& files) {
     }
     if (files.Unnameable > 0) {
         parts << counted(files.Unnameable,
-                         FileSearch::tr("The name of one file is not in UTF-8 or holds a line "
-                                        "break: it was left out."),
-                         FileSearch::tr("The names of %1 files are not in UTF-8 or hold a line "
-                                        "break: they were left out."));
+                         FileSearch::tr("The name of one file holds a line break: it was "
+                                        "left out."),
+                         FileSearch::tr("The names of %1 files hold a line break: they were "
+                                        "left out."));
     }
     if (files.TooLarge > 0) {
         parts << counted(files.TooLarge,
@@ -73,7 +73,7 @@ QString leftOutInWords(const FoundFiles& files) {
 
 /// The control knows its own file by the name it was opened with.
 QStringList asTheControlKnowsThem(QStringList names, const QString& shown) {
-    const QString canonical = QFileInfo(shown).canonicalFilePath();
+    const QString canonical = canonicalName(shown);
     if (!canonical.isEmpty() && canonical != shown) {
         std::replace(names.begin(), names.end(), canonical, shown);
     }
@@ -109,7 +109,7 @@ void FileSearch::speakAnew() {
 
 QString FileSearch::shownFolder() const {
     const QString shown = window_.fileName();
-    return shown.isEmpty() ? QDir::currentPath() : QFileInfo(shown).absolutePath();
+    return shown.isEmpty() ? currentFolder() : QFileInfo(shown).absolutePath();
 }
 
 // Only a folder that the user chose is suggested elsewhere too.

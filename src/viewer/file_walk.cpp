@@ -2,13 +2,11 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QFileInfo>
-#include <QUtf8StringView>
 #include <algorithm>
 #include <system_error>
 
 #include "document/largest_file.h"
+#include "viewer/file_names.h"
 
 namespace quorvale {
 
@@ -19,27 +17,19 @@ constexpr int unreadableKept = 10;
 
 QString tr(const char* text) { return QCoreApplication::translate("FileWalk", text); }
 
-/// Whether a list that separates its names by CR can hold this one.
-bool isNameable(const std::string& path) {
-    return QUtf8StringView(path.data(), static_cast<qsizetype>(path.size())).isValidUtf8() &&
-           path.find('\r') == path.npos;
-}
-
 }  // namespace
 
 QString whyNotWalkable(const QString& folder) {
-    const QFileInfo place(folder);
-    if (folder.isEmpty() || !place.exists()) return tr("There is no such folder.");
-    if (!place.isDir()) return tr("This is not a folder.");
-    if (!place.isReadable() || !place.isExecutable()) {
-        return tr("You do not have permission to read this folder.");
-    }
+    if (!isThere(folder)) return tr("There is no such folder.");
+    std::error_code failure;
+    if (!std::filesystem::is_directory(pathOf(folder), failure)) return tr("This is not a folder.");
+    if (!mayLookInto(folder)) return tr("You do not have permission to read this folder.");
     return {};
 }
 
 FileWalk::FileWalk(WantedFiles wanted) : wanted_(std::move(wanted)) {
     std::error_code failure;
-    const Path folder = QFile::encodeName(wanted_.Folder).toStdString();
+    const Path folder = pathOf(wanted_.Folder);
     const Path canonical = std::filesystem::canonical(folder, failure);
     if (failure) {
         noteUnreadable(folder);
@@ -106,7 +96,7 @@ void FileWalk::take(const Entry& entry) {
     const std::string native = entry.path().filename().native();
     if (!wanted_.Hidden && native.front() == '.') return;
     std::error_code failure;
-    const QString name = QString::fromStdString(native);
+    const QString name = nameOf(Path(native));
     const bool isLink = entry.is_symlink(failure);
     if (entry.is_directory(failure)) {
         if (!isLink && wanted_.Subfolders) subfolders_.emplace_back(orderOf(name), native);
@@ -119,14 +109,14 @@ void FileWalk::take(const Entry& entry) {
 }
 
 void FileWalk::list(const Path& file) {
-    if (!isNameable(file.native())) {
+    const QString name = nameOf(file);
+    // It ends a name in the list of those to be searched.
+    if (name.contains(u'\r')) {
         ++found_.Unnameable;
         return;
     }
-    const QString name = QString::fromStdString(file.native());
-    const QFileInfo info(name);
-    if (!info.isReadable()) return noteUnreadable(file);
-    if (info.size() > qint64{mostFileBytes}) {
+    if (!mayRead(name)) return noteUnreadable(file);
+    if (sizeOf(name) > qint64{mostFileBytes}) {
         ++found_.TooLarge;
         return;
     }
@@ -136,7 +126,7 @@ void FileWalk::list(const Path& file) {
 void FileWalk::noteUnreadable(const Path& path) {
     ++found_.UnreadableCount;
     if (found_.Unreadable.size() >= unreadableKept) return;
-    found_.Unreadable << QString::fromStdString(path.native());
+    found_.Unreadable << nameOf(path);
 }
 
 }  // namespace quorvale

@@ -26,7 +26,7 @@ struct FoundFiles {
     /// Folders and files that may not be read: the first of them, and how many.
     QStringList Unreadable;
     int UnreadableCount = 0;
-    /// Files whose names a list of names cannot hold: with a line break, or not in UTF-8.
+    /// Files whose names a list of names cannot hold: those with a carriage return.
     int Unnameable = 0;
     /// Files of more than 2 GiB, which could not be opened: images of disks and the like.
     int TooLarge = 0;

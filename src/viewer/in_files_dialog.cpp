@@ -35,8 +35,7 @@ QString inWords(const FoundFiles& found) {
     if (found.TooLarge > 0) return InFilesDialog::tr("What was found is larger than 2 GiB.");
     if (found.UnreadableCount == 0) {
         return InFilesDialog::tr(
-            "The names of the files found cannot be searched: they are not in "
-            "UTF-8 or hold a line break.");
+            "The files found cannot be searched: their names hold a line break.");
     }
     return InFilesDialog::tr("You do not have permission to read what was found: %1")
         .arg(found.Unreadable.first());

@@ -13,6 +13,7 @@
 #include "viewer/designer_check.h"
 #include "viewer/element_dump.h"
 #include "viewer/ending_signals.h"
+#include "viewer/file_names.h"
 #include "viewer/viewer_settings.h"
 #include "viewer/viewer_window.h"
 
@@ -72,8 +73,16 @@ bool choosePlatform(int argc, char** argv) {
     return displayed;
 }
 
+/// What is given on the command line but what Qt takes for itself. Qt would not know the file whose
+/// name is no UTF-8.
+QStringList argumentsOf(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) arguments << quorvale::nameOf(argv[i]);
+    return arguments;
+}
+
 /// False, with a message on standard error, for a line that makes no sense.
-bool readCommandLine(const QApplication& application, Request& request) {
+bool readCommandLine(const QStringList& arguments, Request& request) {
     QCommandLineParser parser;
     parser.setApplicationDescription("Shows one text file of any size as rows.");
     parser.addHelpOption();
@@ -90,7 +99,7 @@ bool readCommandLine(const QApplication& application, Request& request) {
     dump.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOptions({snapshot, line, designer, dump});
     parser.addPositionalArgument("file", "The file to show.", "[FILE]");
-    parser.process(application);
+    parser.process(arguments);
     if (parser.positionalArguments().size() > 1) {
         complain("one file at a time can be shown");
         return false;
@@ -143,7 +152,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName("quorvale-viewer");
     QApplication::setApplicationVersion(QUORVALE_VERSION);
     Request request;
-    if (!readCommandLine(application, request)) return 1;
+    if (!readCommandLine(argumentsOf(argc, argv), request)) return 1;
     if (request.ChecksDesigner) return checkDesigner(request.File);
     if (!displayed && request.Snapshot.isEmpty()) {
         complain("there is no display; --snapshot PNG renders the window to a picture");

@@ -23,9 +23,11 @@ NameFilter::NameFilter(const QString& patterns) {
 }
 
 bool NameFilter::admits(const QString& name) const {
+    // No expression fits what is no text: there a "?" stands for each byte that is none.
+    const QString text = name.isValidUtf16() ? name : QString::fromUtf8(name.toUtf8());
     return patterns_.empty() ||
            std::any_of(patterns_.begin(), patterns_.end(),
-                       [&](const auto& pattern) { return pattern.match(name).hasMatch(); });
+                       [&](const auto& pattern) { return pattern.match(text).hasMatch(); });
 }
 
 // A number begins with how many digits it has: more of them is more.

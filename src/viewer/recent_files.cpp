@@ -1,10 +1,10 @@
 #include "viewer/recent_files.h"
 
 #include <QDir>
-#include <QFileInfo>
 #include <QFontMetrics>
 #include <QMenu>
 
+#include "viewer/file_names.h"
 #include "viewer/viewer_settings.h"
 
 namespace quorvale {
@@ -52,7 +52,7 @@ void RecentFiles::fill() {
 }
 
 void RecentFiles::pick(const QString& fileName) {
-    if (QFileInfo::exists(fileName)) {
+    if (isThere(fileName)) {
         emit picked(fileName);
         return;
     }

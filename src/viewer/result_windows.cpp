@@ -1,13 +1,13 @@
 #include "viewer/result_windows.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <memory>
 
 #include "control/host_extras.h"
 #include "control/search_extras.h"
 #include "platform/keys.h"
 #include "qt/conversions.h"
+#include "viewer/file_names.h"
 #include "viewer/open_check.h"
 #include "viewer/viewer_window.h"
 
@@ -18,8 +18,8 @@ namespace {
 bool isSameFile(const QString& a, const QString& b) {
     if (a.isEmpty() || b.isEmpty()) return false;
     if (a == b) return true;
-    const QString place = QFileInfo(a).canonicalFilePath();
-    return !place.isEmpty() && place == QFileInfo(b).canonicalFilePath();
+    const QString place = canonicalName(a);
+    return !place.isEmpty() && place == canonicalName(b);
 }
 
 ViewerWindow* windowOf(const QString& fileName) {

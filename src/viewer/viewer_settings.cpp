@@ -29,8 +29,10 @@ void keep(const char* name, const QVariant& value) {
     if (file.value(name) != value) file.setValue(name, value);
 }
 
+/// The settings are text: a name with bytes that are none would come back as another one.
 bool isUsable(const QString& name) {
-    return name.size() <= longestName && QDir::isAbsolutePath(name) && !name.contains(QChar(u'\0'));
+    return name.size() <= longestName && QDir::isAbsolutePath(name) &&
+           !name.contains(QChar(u'\0')) && name.isValidUtf16();
 }
 
 QStringList namesIn(const QSettings& file) {
@@ -85,7 +87,9 @@ QString ViewerSettings::choice(const char* name, const QStringList& allowed) con
 }
 
 QString ViewerSettings::text(const char* name) const { return valueOf(name).toString(); }
-void ViewerSettings::setText(const char* name, const QString& text) { keep(name, text); }
+void ViewerSettings::setText(const char* name, const QString& text) {
+    keep(name, text.isValidUtf16() ? text : QString());
+}
 
 QByteArray ViewerSettings::bytes(const char* name) const {
     return QByteArray::fromBase64(valueOf(name).toString().toLatin1());

@@ -27,6 +27,7 @@
 #include "viewer/document_guard.h"
 #include "viewer/document_status.h"
 #include "viewer/edit_menu.h"
+#include "viewer/file_names.h"
 #include "viewer/file_search.h"
 #include "viewer/help_menu.h"
 #include "viewer/language.h"
@@ -56,14 +57,14 @@ constexpr int briefly = 5000;
 /// The local file that is being dragged; empty where it is none, or several.
 QString draggedFile(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
-    return urls.size() == 1 && urls.first().isLocalFile() ? urls.first().toLocalFile() : QString();
+    return urls.size() == 1 ? nameOf(urls.first()) : QString();
 }
 
 /// The name under which a file is looked at, locked and read alike. "a/.." is left to the system:
 /// where `a` is a link it means another folder.
 QString absoluteName(const QString& fileName) {
     const QString absolute =
-        QDir::isAbsolutePath(fileName) ? fileName : QDir::currentPath() + '/' + fileName;
+        QDir::isAbsolutePath(fileName) ? fileName : currentFolder() + '/' + fileName;
     return absolute.contains("..") ? absolute : QDir::cleanPath(absolute);
 }
 

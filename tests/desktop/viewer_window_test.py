@@ -2,6 +2,7 @@
 """The viewer in a real window: what it paints there, and that a user's hands reach it.
 Usage: viewer_window_test.py VIEWER, on a display with a window manager."""
 
+import os
 import subprocess
 import sys
 import unittest
@@ -45,6 +46,13 @@ class ViewerWindow(ViewerCase):
         expected = self.rows_at(50000)
         self.open("--line", "50000", str(self.file), title="numbers")
         wait_for("the rows of the snapshot", lambda: self.rows() == expected)
+
+    def test_a_file_whose_name_is_no_utf_8_is_opened(self):
+        name = os.fsdecode(b"caf\xe9.txt")
+        Path(name).write_text("one\ntwo\n", encoding="utf-8")
+        self.open(name, title="QuorvaleBox")
+        self.until("the file", lambda shown: [row["text"] for row in shown["rows"]][:2] ==
+                   ["one", "two"])
 
     def test_the_wheel_scrolls_there_and_back(self):
         self.open(str(self.file), title="numbers")

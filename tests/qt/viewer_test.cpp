@@ -1,10 +1,7 @@
 #include <QAction>
 #include <QDir>
-#include <QDragEnterEvent>
-#include <QDropEvent>
 #include <QFile>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QProcess>
 #include <QStatusBar>
 #include <QTemporaryDir>
@@ -15,6 +12,7 @@
 #include <unistd.h>
 
 #include "adapters/document_lock.h"
+#include "dropping.h"
 #include "qt/conversions.h"
 #include "support/without_privileges.h"
 #include "viewer/open_check.h"
@@ -69,14 +67,6 @@ QAction* entry(const ViewerWindow& window, const QString& caption) {
         if (action->text().remove('&').startsWith(caption)) return action;
     }
     return nullptr;
-}
-
-void drop(QWidget& window, const QMimeData& data) {
-    QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window, &enter);
-    if (!enter.isAccepted()) return;
-    QDropEvent event(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&window, &event);
 }
 
 }  // namespace
