@@ -119,6 +119,8 @@ void ViewerWindow::renewControl() {
     connect(control_, &DocumentWidget::textChanged, this, &ViewerWindow::showDocument);
     results_->setControl(*control_);
     setCentralWidget(control_);
+    // A window remembers no hidden widget as the one that gets the keys when it is active again.
+    control_->show();
     control_->setFocus();
     attachMenus();
 }

@@ -185,7 +185,7 @@ class Corrections(CorrectingCase):
         self.until("the other's line", lambda shown: shown["rows"][2]["text"] == "3rd line")
         self.until("the correction", lambda shown: shown["pending"] == 1)
         self.assertEqual(self.file.read_bytes(), changed)
-        self.activate()
+        self.until("the keys in the text", lambda shown: shown["keysAt"] == "rows")
         self.commit()
         self.assertEqual(self.file.read_bytes(), changed.replace(b"second line", b"corrected"))
 

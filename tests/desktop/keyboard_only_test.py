@@ -73,7 +73,7 @@ class KeyboardOnly(ViewerCase):
         self.popup(["ctrl+o"])
         self.type(str(self.file))
         self.press("Return")
-        self.until("the file", lambda shown: shown["lines"] == 7)
+        self.until("the file", lambda shown: shown["lines"] == 7 and shown["keysAt"] == "rows")
         self.window = wait_for("the title", lambda: self.windows("document"))[0]
         self.activate()
         self.until("the focus in the text", lambda shown: shown["focus"] == "text")
@@ -207,7 +207,7 @@ class KeyboardOnly(ViewerCase):
         self.start()
         self.popup(["alt+f"])
         self.press("r", "1")
-        self.until("the file", lambda shown: shown["lines"] == 7)
+        self.until("the file", lambda shown: shown["lines"] == 7 and shown["keysAt"] == "rows")
 
     def test_a_file_that_is_gone_leaves_the_list_with_a_word(self):
         self.start_on_file()
