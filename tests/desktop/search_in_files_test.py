@@ -184,14 +184,22 @@ class InFiles(Searching):
 
     def test_names_that_no_list_can_hold_are_left_out_and_told(self):
         (self.folder / "bad\rname.txt").write_text("marker\n", encoding="utf-8")
-        Path(os.fsdecode(os.fsencode(self.folder) + b"/bad\xff.txt")).write_text("marker\n")
         self.show()
         self.find_in_files()
-        self.until("the message", lambda shown: "names of 2 files" in shown["dialog"]["text"])
+        self.until("the message", lambda shown: "name of one file" in shown["dialog"]["text"])
         self.picture("message")
         self.press_until("Return", "no message", lambda shown: not shown["dialog"])
         shown = self.listed(7)
-        self.assertEqual(shown["message"], "3 files searched, 2 left out")
+        self.assertEqual(shown["message"], "3 files searched, 1 left out")
+
+    def test_a_name_that_is_no_utf_8_is_found_and_opened(self):
+        Path(os.fsdecode(os.fsencode(self.folder) + b"/caf\xe9.txt")).write_text("marker\n")
+        self.show()
+        self.find_in_files(names="caf?.txt")
+        self.listed(3)
+        self.picture("list")
+        self.press("Return")
+        self.active("caf")
 
     def test_what_the_dialog_held_comes_back(self):
         self.show()
