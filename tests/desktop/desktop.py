@@ -60,11 +60,13 @@ class ViewerCase(unittest.TestCase):
         return tool("xdotool", "search", "--onlyvisible", "--name", title).decode().split()
 
     def activate(self):
-        """The window gets the keys. A window manager that is asked again and again gives them again
-        and again, in the middle of what comes next."""
+        """The window gets the keys, and says so: a window manager calls a window active before
+        that. One that is asked again and again gives them again and again, in the middle of what
+        comes next."""
         self.repeat_until(
             lambda: tool("xdotool", "windowactivate", self.window), "the focus",
-            lambda _: tool("xdotool", "getactivewindow").strip().decode() == self.window)
+            lambda shown: shown["keysAt"] and
+            tool("xdotool", "getactivewindow").strip().decode() == self.window)
 
     def shown(self):
         """What the viewer shows; nothing before it has said so."""
@@ -84,8 +86,12 @@ class ViewerCase(unittest.TestCase):
 
     def until(self, what, condition, seconds=30):
         """Waits until what is shown answers the condition, and returns it."""
+        return self.wait_and_see(what, lambda: self.met(condition), seconds)
+
+    def wait_and_see(self, what, condition, seconds=30):
+        """Waits like `wait_for`; a failure tells what is shown instead."""
         try:
-            return wait_for(what, lambda: self.met(condition), seconds)
+            return wait_for(what, condition, seconds)
         except AssertionError as error:
             shown = self.shown()
             shown["rows"] = shown.get("rows", [])[:3]
@@ -128,7 +134,7 @@ class ViewerCase(unittest.TestCase):
                 act()
                 again = time.monotonic() + 1
             return shown
-        return wait_for(what, acted)
+        return self.wait_and_see(what, acted)
 
     def click(self, button="1", modifier=None):
         if modifier:
