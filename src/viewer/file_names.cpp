@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QByteArray>
+#include <QDir>
 #include <system_error>
 
 #include "adapters/posix_names.h"
@@ -25,6 +26,11 @@ QString nameOf(const QUrl& url) {
 QString currentFolder() {
     std::error_code failure;
     return nameOf(std::filesystem::current_path(failure));
+}
+
+QString absoluteName(const QString& name) {
+    const QString absolute = QDir::isAbsolutePath(name) ? name : currentFolder() + '/' + name;
+    return absolute.contains("..") ? absolute : QDir::cleanPath(absolute);
 }
 
 QString canonicalName(const QString& name) {

@@ -22,6 +22,10 @@ QString nameOf(const QUrl& url);
 /// The folder that relative names begin in.
 QString currentFolder();
 
+/// The name under which a file is looked at, locked and read alike, whatever becomes of the current
+/// folder. "a/.." is left to the system: where `a` is a link it means another folder.
+QString absoluteName(const QString& name);
+
 /// The absolute name, without links, of what is there; empty when there is nothing.
 QString canonicalName(const QString& name);
 

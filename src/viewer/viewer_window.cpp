@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDir>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -54,18 +53,11 @@ constexpr QSize leastSize(320, 200);
 constexpr int untilSearchIsOver = 100;
 /// How long a message stands in the status bar, in milliseconds.
 constexpr int briefly = 5000;
+
 /// The local file that is being dragged; empty where it is none, or several.
 QString draggedFile(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
     return urls.size() == 1 ? nameOf(urls.first()) : QString();
-}
-
-/// The name under which a file is looked at, locked and read alike. "a/.." is left to the system:
-/// where `a` is a link it means another folder.
-QString absoluteName(const QString& fileName) {
-    const QString absolute =
-        QDir::isAbsolutePath(fileName) ? fileName : currentFolder() + '/' + fileName;
-    return absolute.contains("..") ? absolute : QDir::cleanPath(absolute);
 }
 
 QIcon viewerIcon() {

@@ -29,6 +29,7 @@ private slots:
     void cleanup();
     void theBytesOfANameComeBack();
     void whatTheSystemSaysOfThem();
+    void aRelativeNameBeginsInTheCurrentFolder();
     void aFileIsOpenedCorrectedAndCommitted();
     void aDroppedFileIsShown();
     void aFileThatWasFoundIsOpened();
@@ -99,6 +100,16 @@ void ViewerFileNamesTest::whatTheSystemSaysOfThem() {
     QCOMPARE(sizeOf(other), 0);
     QCOMPARE(canonicalName(other), QString());
     QVERIFY(whyNotOpenable(other).endsWith("There is no such file."));
+}
+
+void ViewerFileNamesTest::aRelativeNameBeginsInTheCurrentFolder() {
+    const fs::path folder = put("f\xFCr/caf\xE9.txt", "").parent_path();
+    const fs::path before = fs::current_path();
+    fs::current_path(folder);
+    QCOMPARE(pathOf(absoluteName(nameOf(fs::path("./caf\xE9.txt")))), folder / "caf\xE9.txt");
+    // Where `a` is a link, this is not "b".
+    QCOMPARE(pathOf(absoluteName("a/../b")), folder / "a/../b");
+    fs::current_path(before);
 }
 
 void ViewerFileNamesTest::aFileIsOpenedCorrectedAndCommitted() {
