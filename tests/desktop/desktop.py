@@ -7,6 +7,8 @@ import time
 import unittest
 from pathlib import Path
 
+import stalls
+
 # The program under test; each test sets it from its command line.
 VIEWER = ""
 
@@ -30,6 +32,10 @@ def tool(*command):
 class ViewerCase(unittest.TestCase):
     """A test with a viewer of its own, and what the viewer says that it shows."""
 
+    @classmethod
+    def setUpClass(cls):
+        stalls.stall("manager", int(os.environ["WINDOW_MANAGER"]))
+
     def open(self, *arguments, title, **variables):
         environment = {name: value for name, value in os.environ.items()
                        if name != "QT_QPA_PLATFORM"} | variables
@@ -43,6 +49,7 @@ class ViewerCase(unittest.TestCase):
         self.viewer = subprocess.Popen(
             [VIEWER, "--dump-elements", str(self.dump), *arguments], env=environment)
         self.addCleanup(self.stop)
+        stalls.stall("viewer", self.viewer.pid)
         self.window = wait_for("the window", lambda: self.windows(title))[0]
 
     def prepare(self, appearance="system", language="system"):
