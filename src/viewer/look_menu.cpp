@@ -88,7 +88,10 @@ void LookMenu::takeOver(const LookMenu& former) {
 void LookMenu::showToolbar(bool show) {
     if (control_ == nullptr) return;
     control_->act([show](Surface& surface) {
-        if (surface.tbMore.Visible() != show) surface.cmdMore.UserClick();
+        if (surface.tbMore.Visible() == show) return;
+        surface.cmdMore.UserClick();
+        // The button takes the keys along; who is correcting a line goes on typing.
+        if (surface.rtbEdit.Visible()) surface.Focus.Request(FocusChild::Editor);
     });
 }
 

@@ -248,6 +248,34 @@ class KeyboardOnly(ViewerCase):
         self.press("ctrl+0")
         self.until("the normal size", lambda shown: shown["rowHeight"] == normal)
 
+    def test_who_corrects_a_line_goes_on_typing_without_the_toolbar(self):
+        self.start_on_file()
+        self.press("F2")
+        self.until("the editor", lambda shown: shown["focus"] == "editor")
+        self.press("ctrl+a")
+        self.type("a")
+        self.press("ctrl+shift+t")
+        self.until("no toolbar", lambda shown: not self.part("Grid")["visible"])
+        self.until("the keys", lambda shown: shown["keysAt"] == "rtbEdit")
+        self.type("b")
+        self.pick(["alt+v"], "t")
+        self.until("the toolbar", lambda shown: self.part("Grid")["visible"])
+        self.until("the keys", lambda shown: shown["keysAt"] == "rtbEdit")
+        self.type("c")
+        self.until("the text", lambda shown: shown["editor"] == "abc")
+
+    def test_a_second_file_from_the_dialog_takes_the_keys(self):
+        second = self.file.with_name("second.txt")
+        second.write_text("one\ntwo\n", encoding="utf-8")
+        self.start_on_file()
+        self.popup(["ctrl+o"])
+        self.type(str(second))
+        self.press("Return")
+        self.until("the file", lambda shown: shown["title"].startswith("second") and
+                   shown["keysAt"] == "rows")
+        self.press("Down")
+        self.until("line 2", lambda shown: shown["row"] == 2)
+
     def test_the_language_is_changed_where_one_stands(self):
         self.start_on_file()
         self.correct("x")
