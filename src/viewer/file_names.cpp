@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QDir>
+#include <QSysInfo>
 #include <system_error>
 
 #include "adapters/posix_names.h"
@@ -11,12 +12,25 @@
 
 namespace quorvale {
 
-std::filesystem::path pathOf(const QString& name) { return PathOf(toUtf16(name)); }
+namespace {
+
+/// Whether a URL with this host means a file of this machine.
+bool isHere(const QString& host) {
+    return host.isEmpty() || host == "localhost" || host == QSysInfo::machineHostName();
+}
+
+}  // namespace
+
+std::filesystem::path pathOf(const QString& name) {
+    // The system would take what stands before it for the name.
+    if (name.contains(QChar(u'\0'))) return {};
+    return PathOf(toUtf16(name));
+}
 
 QString nameOf(const std::filesystem::path& path) { return toQString(NameOf(path.native())); }
 
 QString nameOf(const QUrl& url) {
-    if (!url.isLocalFile()) return {};
+    if (!url.isLocalFile() || !isHere(url.host())) return {};
     // Its own way, toLocalFile, takes the bytes for UTF-8.
     const QByteArray path =
         QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
@@ -28,10 +42,20 @@ QString currentFolder() {
     return nameOf(std::filesystem::current_path(failure));
 }
 
+bool isAbsolute(const QString& name) { return name.startsWith('/'); }
+
 QString absoluteName(const QString& name) {
-    const QString absolute = QDir::isAbsolutePath(name) ? name : currentFolder() + '/' + name;
+    QString absolute = name;
+    if (!isAbsolute(name)) {
+        const QString folder = currentFolder();
+        // Somebody removed it: what lies beside it is still found from there.
+        if (folder.isEmpty()) return name;
+        absolute = folder + '/' + name;
+    }
     return absolute.contains("..") ? absolute : QDir::cleanPath(absolute);
 }
+
+QString folderOf(const QString& name) { return nameOf(pathOf(name).parent_path()); }
 
 QString canonicalName(const QString& name) {
     std::error_code failure;

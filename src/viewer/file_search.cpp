@@ -1,6 +1,5 @@
 #include "viewer/file_search.h"
 
-#include <QFileInfo>
 #include <QLocale>
 #include <QPointer>
 #include <algorithm>
@@ -84,10 +83,8 @@ QStringList asTheControlKnowsThem(QStringList names, const QString& shown) {
 
 FileSearch::FileSearch(ViewerWindow& window) : QObject(&window), window_(window) {}
 
-void FileSearch::ask() { open(suggested()); }
-
-void FileSearch::open(const InFilesFields& fields) {
-    auto* dialog = new InFilesDialog(&window_, fields);
+void FileSearch::ask() {
+    auto* dialog = new InFilesDialog(&window_, suggested());
     dialog_ = dialog;
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &InFilesDialog::wanted, this, [this, dialog](const InFilesSearch& search) {
@@ -100,16 +97,12 @@ void FileSearch::open(const InFilesFields& fields) {
 }
 
 void FileSearch::speakAnew() {
-    // One that is looking for files is answered already.
-    if (dialog_ == nullptr || !dialog_->isVisible() || dialog_->isLooking()) return;
-    const InFilesFields fields = dialog_->fields();
-    delete dialog_;
-    open(fields);
+    if (dialog_ != nullptr) dialog_->speakAnew();
 }
 
 QString FileSearch::shownFolder() const {
     const QString shown = window_.fileName();
-    return shown.isEmpty() ? currentFolder() : QFileInfo(shown).absolutePath();
+    return shown.isEmpty() ? currentFolder() : folderOf(shown);
 }
 
 // Only a folder that the user chose is suggested elsewhere too.

@@ -26,11 +26,10 @@ public slots:
     void list(const quorvale::InFilesSearch& search);
 
 public:
-    /// An open dialog is asked again in the language of now, with what its fields hold.
+    /// An open dialog goes on in the language of now.
     void speakAnew();
 
 private:
-    void open(const InFilesFields& fields);
     void keep(const InFilesFields& fields);
     QString shownFolder() const;
     InFilesFields suggested() const;

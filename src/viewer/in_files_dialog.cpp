@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <initializer_list>
 #include <utility>
 
@@ -44,8 +45,32 @@ QString inWords(const FoundFiles& found) {
 }  // namespace
 
 InFilesDialog::InFilesDialog(QWidget* parent, const InFilesFields& fields) : QDialog(parent) {
+    auto* around = new QVBoxLayout(this);
+    around->setContentsMargins(0, 0, 0, 0);
+    connect(&timer_, &QTimer::timeout, this, &InFilesDialog::goOn);
+    build(fields);
+    text_->selectAll();
+    text_->setFocus();
+}
+
+void InFilesDialog::speakAnew() {
+    // One that is looking for files is answered already.
+    if (walk_ != nullptr) return;
+    const InFilesFields held = fields();
+    const QString hadTheKeys = focusWidget() == nullptr ? QString() : focusWidget()->objectName();
+    delete content_;
+    build(held);
+    auto* field = hadTheKeys.isEmpty() ? text_ : findChild<QWidget*>(hadTheKeys);
+    if (field != nullptr) field->setFocus();
+}
+
+void InFilesDialog::build(const InFilesFields& fields) {
     setWindowTitle(tr("Search in files"));
-    auto* form = new QFormLayout(this);
+    content_ = new QWidget(this);
+    layout()->addWidget(content_);
+    // A window remembers no hidden widget as the one with the keys.
+    content_->show();
+    auto* form = new QFormLayout(content_);
     text_ = addLine(*form, tr("Te&xt:"), "text", fields.Text);
     pattern_ = addCheck(tr("&Wildcard pattern: * ? # [list]"), "pattern", fields.IsPattern);
     form->addRow(QString(), pattern_);
@@ -69,15 +94,12 @@ InFilesDialog::InFilesDialog(QWidget* parent, const InFilesFields& fields) : QDi
     form->addRow(message_);
     addButtons();
     form->addRow(find_->parentWidget());
-    connect(&timer_, &QTimer::timeout, this, &InFilesDialog::goOn);
     for (QLineEdit* line : {text_, folder_, names_}) {
         connect(line, &QLineEdit::textChanged, this, [this] {
             message_->clear();
             showState();
         });
     }
-    text_->selectAll();
-    text_->setFocus();
     showState();
 }
 
@@ -101,10 +123,10 @@ void InFilesDialog::addFolder(QFormLayout& form, const QString& text) {
     auto* row = new QHBoxLayout;
     folder_ = new QLineEdit(text, this);
     folder_->setObjectName("folder");
-    auto* folders = new QFileSystemModel(this);
+    auto* folders = new QFileSystemModel(folder_);
     folders->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot);
     folders->setRootPath(QString());
-    auto* completer = new QCompleter(folders, this);
+    auto* completer = new QCompleter(folders, folder_);
     folder_->setCompleter(completer);
     browse_ = new QPushButton(tr("&Browse..."), this);
     browse_->setAutoDefault(false);

@@ -41,8 +41,9 @@ public:
 
     InFilesFields fields() const;
 
-    /// Whether it looks for the files already.
-    bool isLooking() const { return walk_ != nullptr; }
+    /// In the language of now, with what the fields hold. It stays the window that it is: another
+    /// one, opened in its place, would take the keys from wherever the user is.
+    void speakAnew();
 
     void reject() override;
 
@@ -51,6 +52,7 @@ signals:
     void wanted(const quorvale::InFilesSearch& search);
 
 private:
+    void build(const InFilesFields& fields);
     QLineEdit* addLine(QFormLayout& form, const QString& label, const char* name,
                        const QString& text);
     QCheckBox* addCheck(const QString& label, const char* name, bool checked);
@@ -64,6 +66,7 @@ private:
     void tell(const QString& message, QLineEdit* where);
     void showState();
 
+    QWidget* content_ = nullptr;
     QLineEdit* text_ = nullptr;
     QCheckBox* pattern_ = nullptr;
     QLineEdit* folder_ = nullptr;

@@ -237,6 +237,25 @@ class InFiles(Searching):
         self.press("Down", "Return")
         self.active("00001.txt")
 
+    def test_a_language_chosen_in_another_window_leaves_the_keys_there(self):
+        self.show()
+        first = self.window
+        self.find_in_files(names="second.txt")
+        self.listed(3)
+        self.press("Return")
+        self.active("second.txt")
+        second, self.window = self.window, first
+        self.activate()
+        title = self.ask()["title"]
+        self.window = second
+        self.activate()
+        self.press("alt+v")
+        self.until("the menu", lambda shown: shown["popup"])
+        self.press("g", "Down", "Down", "Return")
+        self.until("the dialog in Japanese", lambda shown: shown["dialog"]["title"] != title)
+        self.until("the keys in the text", lambda shown: shown["keysAt"] == "rows")
+        self.assertEqual(tool("xdotool", "getactivewindow").strip().decode(), second)
+
     def test_a_file_that_is_gone_by_then_is_told(self):
         self.show()
         self.find_in_files(names="second.txt")
