@@ -1,10 +1,14 @@
 #include <QApplication>
+#include <QBuffer>
 #include <QCommandLineParser>
+#include <QFileInfo>
+#include <QPixmap>
 #include <QPointer>
 #include <QScopeGuard>
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
+#include <fstream>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -127,10 +131,22 @@ int checkDesigner(const QString& fileName) {
     return check.Loads ? 0 : 1;
 }
 
+/// The end of the name says what kind of picture it is. False when that or the place is no good.
+bool writePicture(const QPixmap& picture, const QString& fileName) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    const QByteArray kind = QFileInfo(fileName).suffix().toLatin1();
+    if (!buffer.open(QIODevice::WriteOnly) || !picture.save(&buffer, kind)) return false;
+    std::ofstream file(quorvale::pathOf(fileName), std::ios::binary);
+    file.write(bytes.constData(), bytes.size());
+    file.close();
+    return !file.fail();
+}
+
 /// Renders the window as it is shown; the exit code.
 int takeSnapshot(ViewerWindow& window, const QString& fileName) {
     QApplication::processEvents();
-    if (window.grab().save(fileName)) return 0;
+    if (writePicture(window.grab(), fileName)) return 0;
     complain(QString("%1 cannot be written as a picture").arg(fileName));
     return 1;
 }

@@ -6,6 +6,8 @@
 #include <QSettings>
 #include <QVariant>
 
+#include "viewer/file_names.h"
+
 namespace quorvale {
 
 namespace {
@@ -31,8 +33,8 @@ void keep(const char* name, const QVariant& value) {
 
 /// The settings are text: a name with bytes that are none would come back as another one.
 bool isUsable(const QString& name) {
-    return name.size() <= longestName && QDir::isAbsolutePath(name) &&
-           !name.contains(QChar(u'\0')) && name.isValidUtf16();
+    return name.size() <= longestName && isAbsolute(name) && !name.contains(QChar(u'\0')) &&
+           name.isValidUtf16();
 }
 
 QStringList namesIn(const QSettings& file) {
@@ -88,7 +90,7 @@ QString ViewerSettings::choice(const char* name, const QStringList& allowed) con
 
 QString ViewerSettings::text(const char* name) const { return valueOf(name).toString(); }
 void ViewerSettings::setText(const char* name, const QString& text) {
-    keep(name, text.isValidUtf16() ? text : QString());
+    if (text.isValidUtf16()) keep(name, text);
 }
 
 QByteArray ViewerSettings::bytes(const char* name) const {

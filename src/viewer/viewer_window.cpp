@@ -222,7 +222,7 @@ QString ViewerWindow::openFile(const QString& fileName) {
     const QString onlyShown = whyOnlyShown();
     allowCorrections(onlyShown.isEmpty());
     control_->loadFile(fileName_);
-    if (!showsAFile()) return tr("%1 could not be read to its end.").arg(fileName);
+    if (!showsAFile()) return tr("%1 could not be read to its end.").arg(opened);
     RecentFiles::add(fileName_);
     if (!onlyShown.isEmpty()) tellBriefly(onlyShown);
     tellUnreadable();
@@ -359,9 +359,8 @@ QString ViewerWindow::statusText() const { return status_->text(); }
 void ViewerWindow::goToLine(int line) { control_->box().MoveTo(line, 1); }
 
 void ViewerWindow::chooseFile() {
-    const QString folder = QFileInfo(fileName_).absolutePath();
-    const QString chosen = QFileDialog::getOpenFileName(this, tr("Open a file"),
-                                                        fileName_.isEmpty() ? QString() : folder);
+    const QString chosen =
+        QFileDialog::getOpenFileName(this, tr("Open a file"), folderOf(fileName_));
     if (!chosen.isEmpty()) openOrTell(chosen);
 }
 

@@ -53,6 +53,9 @@ class ViewerWindow(ViewerCase):
         self.open(name, title="QuorvaleBox")
         self.until("the file", lambda shown: [row["text"] for row in shown["rows"]][:2] ==
                    ["one", "two"])
+        picture = Path(os.fsdecode(b"picture\xe9.png"))
+        subprocess.run([desktop.VIEWER, "--snapshot", str(picture), name], check=True)
+        self.assertEqual(picture.read_bytes()[1:4], b"PNG")
 
     def test_the_wheel_scrolls_there_and_back(self):
         self.open(str(self.file), title="numbers")

@@ -100,6 +100,10 @@ void ViewerFileNamesTest::whatTheSystemSaysOfThem() {
     QCOMPARE(sizeOf(other), 0);
     QCOMPARE(canonicalName(other), QString());
     QVERIFY(whyNotOpenable(other).endsWith("There is no such file."));
+    // What stands before the NUL is another file.
+    const QString cut = name + QChar(u'\0') + "x";
+    QVERIFY(!isThere(cut) && !mayRead(cut) && !mayLookInto(cut));
+    QVERIFY(whyNotOpenable(cut).endsWith("There is no such file."));
 }
 
 void ViewerFileNamesTest::aRelativeNameBeginsInTheCurrentFolder() {
@@ -109,6 +113,11 @@ void ViewerFileNamesTest::aRelativeNameBeginsInTheCurrentFolder() {
     QCOMPARE(pathOf(absoluteName(nameOf(fs::path("./caf\xE9.txt")))), folder / "caf\xE9.txt");
     // Where `a` is a link, this is not "b".
     QCOMPARE(pathOf(absoluteName("a/../b")), folder / "a/../b");
+    QCOMPARE(pathOf(folderOf(absoluteName("../d/./e..txt"))), folder / "../d/.");
+    // For Qt this were a resource.
+    QCOMPARE(pathOf(absoluteName(":notes")), folder / ":notes");
+    fs::remove_all(folder);
+    QCOMPARE(absoluteName("../b"), QString("../b"));
     fs::current_path(before);
 }
 
@@ -138,6 +147,9 @@ void ViewerFileNamesTest::aDroppedFileIsShown() {
         QCOMPARE(window.fileName(), nameOf(path));
     }
     QCOMPARE(nameOf(QUrl("https://example.org/a")), QString());
+    QCOMPARE(nameOf(QUrl("file://another.machine/a")), QString());
+    QCOMPARE(nameOf(QUrl("file://localhost/a")), QString("/a"));
+    QCOMPARE(nameOf(QUrl("file:///a%00b")), QString("/a") + QChar(u'\0') + "b");
 }
 
 void ViewerFileNamesTest::aFileThatWasFoundIsOpened() {
@@ -163,8 +175,10 @@ void ViewerFileNamesTest::theListOfTheLastFilesDoesWithoutThem() {
     settings.addRecentFile("/caf\u00E9");
     settings.addRecentFile(nameOf(fs::path("/caf\xE9")));
     QCOMPARE(settings.recentFiles(), QStringList{"/caf\u00E9"});
+    settings.addRecentFile(":notes");
+    settings.setText(setting::filesFolder, "/good");
     settings.setText(setting::filesFolder, nameOf(fs::path("/caf\xE9")));
-    QCOMPARE(settings.text(setting::filesFolder), QString());
+    QCOMPARE(settings.text(setting::filesFolder), QString("/good"));
 }
 
 QTEST_MAIN(ViewerFileNamesTest)
