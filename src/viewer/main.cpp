@@ -77,8 +77,8 @@ bool choosePlatform(int argc, char** argv) {
     return displayed;
 }
 
-/// What is given on the command line but what Qt takes for itself. Qt would not know the file whose
-/// name is no UTF-8.
+/// The command line without what Qt has taken for itself. Qt's own list would have lost a name that
+/// is no UTF-8.
 QStringList argumentsOf(int argc, char** argv) {
     QStringList arguments;
     for (int i = 0; i < argc; ++i) arguments << quorvale::nameOf(argv[i]);
